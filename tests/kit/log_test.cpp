@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// SPDX-FileCopyrightText: the vms_client_sdk developers
+#include "support/test_support.h"
+
+#include "vms_kit/vms_kit.h"
+
+#include <QDir>
+#include <QRegularExpression>
+#include <QUuid>
+
+#include <gtest/gtest.h>
+
+#include <thread>
+#include <vector>
+
+using namespace vms_kit;
+
+namespace {
+
+const QString tag = QStringLiteral("[tag:]  ");
+
+QString freshLogPath(const QString& subFolder = {})
+{
+    return vms_test::tempDir() + QLatin1Char('/') + subFolder +
+           QUuid::createUuid().toString(QUuid::Id128) + QStringLiteral(".log");
+}
+
+} // namespace
+
+TEST(Log, WritesOneFlushedLinePerCallWithLevelAndTaggedText)
+{
+    const QString path = freshLogPath(QStringLiteral("missing/folder/"));
+    init_vms_log(path, QStringLiteral("kit"));
+    log_info(QStringLiteral("first"), tag);
+    log_error(QStringLiteral("second %1").arg(2), tag);
+    log_trace(QStringLiteral("third"), tag);
+
+    // Read while the log is still open: every line must already be on disk.
+    const QStringList lines = vms_test::readLines(path);
+    ASSERT_EQ(lines.size(), 3);
+    const QRegularExpression shape(QStringLiteral(
+        R"(^\[\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\.\d{3}\] \[(info|error|trace)\] (.*)$)"));
+    const QStringList levels{"info", "error", "trace"};
+    const QStringList texts{"first", "second 2", "third"};
+    for (int i = 0; i < 3; ++i) {
+        const auto match = shape.match(lines[i]);
+        ASSERT_TRUE(match.hasMatch()) << lines[i].toStdString();
+        EXPECT_EQ(match.captured(1), levels[i]);
+        EXPECT_EQ(match.captured(2), tag + texts[i]);
+    }
+    release_vms_log();
+}
+
+TEST(Log, NothingIsWrittenAfterReleaseAndReleasingTwiceIsHarmless)
+{
+    const QString path = freshLogPath();
+    log_info(QStringLiteral("before any log is open"), tag);
+    init_vms_log(path, QStringLiteral("kit"));
+    log_info(QStringLiteral("kept"), tag);
+    release_vms_log();
+    log_info(QStringLiteral("lost"), tag);
+    release_vms_log();
+
+    const QStringList lines = vms_test::readLines(path);
+    ASSERT_EQ(lines.size(), 1);
+    EXPECT_TRUE(lines[0].endsWith(tag + QStringLiteral("kept")));
+}
+
+TEST(Log, LinesFromManyThreadsStayWhole)
+{
+    const QString path = freshLogPath();
+    init_vms_log(path, QStringLiteral("kit"));
+    constexpr int threads = 4;
+    constexpr int perThread = 500;
+    std::vector<std::thread> writers;
+    for (int t = 0; t < threads; ++t) {
+        writers.emplace_back([t] {
+            for (int i = 0; i < perThread; ++i)
+                log_info(QStringLiteral("thread %1 line %2 end").arg(t).arg(i), tag);
+        });
+    }
+    // Releasing while others may still log must neither crash nor tear a line.
+    for (auto& writer : writers)
+        writer.join();
+    release_vms_log();
+
+    const QStringList lines = vms_test::readLines(path);
+    ASSERT_EQ(lines.size(), threads * perThread);
+    for (const QString& line : lines)
+        ASSERT_TRUE(line.contains(tag + QStringLiteral("thread ")) && line.endsWith(" end"));
+}
+
+TEST(Log, AnUnwritableLogStaysSilent)
+{
+    const QString blocker = freshLogPath();
+    QFile file(blocker);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    // A path below a regular file cannot be created.
+    init_vms_log(blocker + QStringLiteral("/below/it.log"), QStringLiteral("kit"));
+    log_info(QStringLiteral("nowhere to go"), tag);
+    release_vms_log();
+    EXPECT_FALSE(QFile::exists(blocker + QStringLiteral("/below/it.log")));
+}

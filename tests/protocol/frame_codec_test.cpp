@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// SPDX-FileCopyrightText: the vms_client_sdk developers
+#include "support/chunk_device.h"
+
+#include "vms_protocol/frame_codec.h"
+
+#include <QDataStream>
+#include <QRandomGenerator>
+
+#include <gtest/gtest.h>
+
+using namespace vms_sdk;
+using vms_test::ChunkDevice;
+
+namespace {
+
+// What the gateway writes for a frame: a qint64, a qint8 and a QByteArray, stream version 19.
+QByteArray dataStreamFrame(qint8 type, const QByteArray& payload)
+{
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out.setVersion(19);
+    const qint64 length = (payload.isNull() ? 0 : payload.size()) + 1;
+    out << length << type << payload;
+    return bytes;
+}
+
+QList<Frame> readAll(ChunkDevice& device, FrameReader& reader)
+{
+    QList<Frame> frames;
+    Frame frame;
+    while (reader.read(device, frame))
+        frames.append(frame);
+    return frames;
+}
+
+} // namespace
+
+TEST(FrameCodec, EncodesExactlyWhatQDataStreamWrites)
+{
+    struct Row
+    {
+        const char* name;
+        qint8 type;
+        QByteArray payload;
+        QByteArray hex;
+    };
+    const Row rows[] = {
+        {"null payload (the hello)", 3, QByteArray(),
+         "0000000000000001"
+         "03"
+         "ffffffff"},
+        {"empty payload", 37, QByteArray(""),
+         "0000000000000001"
+         "25"
+         "00000000"},
+        {"payload", 20, QByteArray("\x0a\x01x", 3),
+         "0000000000000004"
+         "14"
+         "00000003"
+         "0a0178"},
+        {"negative type byte", -1, QByteArray("z"),
+         "0000000000000002"
+         "ff"
+         "00000001"
+         "7a"},
+    };
+    for (const Row& row : rows) {
+        const QByteArray frame = FrameCodec::encode(row.type, row.payload);
+        EXPECT_EQ(frame.toHex(), row.hex) << row.name;
+        EXPECT_EQ(frame, dataStreamFrame(row.type, row.payload)) << row.name;
+    }
+    EXPECT_EQ(FrameCodec::encode(3, QByteArray()).size(), 13);
+}
+
+TEST(FrameReader, NullAndEmptyPayloadsArriveEmpty)
+{
+    ChunkDevice device;
+    device.feed(FrameCodec::encode(3, QByteArray()) + FrameCodec::encode(37, QByteArray("")));
+    FrameReader reader;
+    const QList<Frame> frames = readAll(device, reader);
+    ASSERT_EQ(frames.size(), 2);
+    EXPECT_EQ(frames[0].type, 3);
+    EXPECT_TRUE(frames[0].payload.isEmpty());
+    EXPECT_EQ(frames[1].type, 37);
+    EXPECT_TRUE(frames[1].payload.isEmpty());
+}
+
+TEST(FrameReader, TwoFramesInOneChunkComeOutInOrder)
+{
+    ChunkDevice device;
+    device.feed(FrameCodec::encode(21, "first") + FrameCodec::encode(40, "second"));
+    FrameReader reader;
+    const QList<Frame> frames = readAll(device, reader);
+    ASSERT_EQ(frames.size(), 2);
+    EXPECT_EQ(frames[0].type, 21);
+    EXPECT_EQ(frames[0].payload, "first");
+    EXPECT_EQ(frames[1].type, 40);
+    EXPECT_EQ(frames[1].payload, "second");
+}
+
+TEST(FrameReader, AFrameSplitAtEveryPositionIsDeliveredWholeOnceAndTheNextIsIntact)
+{
+    const QByteArray first = FrameCodec::encode(55, QByteArray(40, 'a'));
+    const QByteArray second = FrameCodec::encode(56, "next");
+    for (int split = 0; split <= first.size(); ++split) {
+        ChunkDevice device;
+        FrameReader reader;
+        device.feed(first.left(split));
+        const QList<Frame> early = readAll(device, reader);
+        EXPECT_EQ(early.size(), split == first.size() ? 1 : 0) << "split at " << split;
+        device.feed(first.mid(split) + second);
+        const QList<Frame> late = readAll(device, reader);
+        ASSERT_EQ(early.size() + late.size(), 2) << "split at " << split;
+        const QList<Frame> all = early + late;
+        EXPECT_EQ(all[0].type, 55);
+        EXPECT_EQ(all[0].payload, QByteArray(40, 'a'));
+        EXPECT_EQ(all[1].type, 56);
+        EXPECT_EQ(all[1].payload, "next");
+    }
+}
+
+TEST(FrameReader, AOneMebibytePayloadInSixtyFourKibibytePieces)
+{
+    QByteArray payload(1 << 20, Qt::Uninitialized);
+    for (int i = 0; i < payload.size(); ++i)
+        payload[i] = char(i * 7);
+    const QByteArray frame = FrameCodec::encode(102, payload);
+    ChunkDevice device;
+    FrameReader reader;
+    QList<Frame> frames;
+    for (int offset = 0; offset < frame.size(); offset += 64 * 1024) {
+        device.feed(frame.mid(offset, 64 * 1024));
+        frames += readAll(device, reader);
+    }
+    ASSERT_EQ(frames.size(), 1);
+    EXPECT_EQ(frames[0].payload, payload);
+}
+
+TEST(FrameReader, RandomChunkingOfALongStreamDeliversTheSameFramesInOrder)
+{
+    QRandomGenerator random(20261122);
+    QList<Frame> sent;
+    QByteArray stream;
+    for (int i = 0; i < 500; ++i) {
+        const int size = random.bounded(3) == 0 ? 0 : random.bounded(3000);
+        QByteArray payload(size, char('a' + i % 26));
+        if (i % 50 == 0)
+            payload = QByteArray(); // a null payload now and then
+        sent.append({qint8(i % 113 + 1), payload});
+        stream += FrameCodec::encode(sent.last().type, payload);
+    }
+    ChunkDevice device;
+    FrameReader reader;
+    QList<Frame> received;
+    for (int offset = 0; offset < stream.size();) {
+        const int piece = random.bounded(1, 5000);
+        device.feed(stream.mid(offset, piece));
+        offset += piece;
+        received += readAll(device, reader);
+    }
+    ASSERT_EQ(received.size(), sent.size());
+    for (int i = 0; i < sent.size(); ++i) {
+        ASSERT_EQ(received[i].type, sent[i].type) << i;
+        ASSERT_EQ(received[i].payload, sent[i].payload) << i;
+    }
+}
+
+TEST(FrameReader, AHostileSizeFieldAllocatesOnlyWhatArrived)
+{
+    QByteArray header = FrameCodec::encode(101, QByteArray());
+    header[9] = char(0xff);
+    header[10] = char(0xff);
+    header[11] = char(0xff);
+    header[12] = char(0xf0); // announces almost 4 GiB
+    ChunkDevice device;
+    device.feed(header + QByteArray(1000, 'x'));
+    FrameReader reader;
+    Frame frame;
+    EXPECT_FALSE(reader.read(device, frame));
+    EXPECT_EQ(reader.pendingLength(), 1);
+    EXPECT_EQ(device.bytesAvailable(), 0);
+    // The reader is still waiting for the rest; nothing forced a huge buffer into existence.
+    EXPECT_FALSE(reader.read(device, frame));
+}

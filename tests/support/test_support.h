@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// SPDX-FileCopyrightText: the vms_client_sdk developers
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+namespace vms_test {
+
+// Runs the event loop until `condition` holds or `timeoutMs` passes; true when it held.
+bool waitFor(const std::function<bool()>& condition, int timeoutMs = 5000);
+
+// A fresh folder that lives as long as the test process.
+QString tempDir();
+
+// The lines of a text file; none when it does not exist.
+QStringList readLines(const QString& path);
+
+// Opens the kit log in a fresh file of its own and returns the file's path.
+QString openTestLog();
+
+} // namespace vms_test

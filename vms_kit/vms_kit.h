@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// SPDX-FileCopyrightText: the vms_client_sdk developers
+#pragma once
+
+#include <QString>
+
+// The platform kit: one process-wide log file and a sleep.
+//
+// A log line reads "[time] [level] <tag><text>", one line per call, flushed at once so that
+// a crash loses nothing. Every function may be called from any thread; logging while no log
+// is open (before init, after release) writes nothing.
+namespace vms_kit {
+
+// Opens `path` (creating its folder) as the log named `name`, appending to what is there.
+// A log that is already open is closed first.
+void init_vms_log(const QString& path, const QString& name);
+// Closes the log. Harmless when nothing is open.
+void release_vms_log();
+
+void log_info(const QString& text, const QString& tag);
+void log_error(const QString& text, const QString& tag);
+void log_trace(const QString& text, const QString& tag);
+
+void xsleep(int milliseconds);
+
+} // namespace vms_kit

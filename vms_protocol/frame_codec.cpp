@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// SPDX-FileCopyrightText: the vms_client_sdk developers
+#include "vms_protocol/frame_codec.h"
+
+#include <QIODevice>
+#include <QtEndian>
+
+#include <cstring>
+
+namespace vms_sdk {
+
+QByteArray FrameCodec::encode(int type, const QByteArray& payload)
+{
+    const bool isNull = payload.isNull();
+    const qint64 size = isNull ? 0 : payload.size();
+    QByteArray frame(HeaderSize + int(size), Qt::Uninitialized);
+    char* out = frame.data();
+    qToBigEndian<qint64>(size + 1, out);
+    out[8] = char(qint8(type));
+    qToBigEndian<quint32>(isNull ? NullPayloadSize : quint32(size), out + 9);
+    if (size > 0)
+        std::memcpy(out + HeaderSize, payload.constData(), size_t(size));
+    return frame;
+}
+
+void FrameReader::reset()
+{
+    m_headerFilled = 0;
+    m_pendingLength = 0;
+    m_type = 0;
+    m_payloadSize = 0;
+    m_payloadFilled = 0;
+    m_payload = QByteArray();
+}
+
+bool FrameReader::read(QIODevice& device, Frame& frame)
+{
+    if (m_headerFilled < FrameCodec::HeaderSize && !readHeader(device))
+        return false;
+    if (!readPayload(device))
+        return false;
+    frame.type = m_type;
+    frame.payload = std::move(m_payload);
+    reset();
+    return true;
+}
+
+bool FrameReader::readHeader(QIODevice& device)
+{
+    const qint64 got =
+        device.read(m_header + m_headerFilled, FrameCodec::HeaderSize - m_headerFilled);
+    if (got > 0)
+        m_headerFilled += int(got);
+    if (m_headerFilled < FrameCodec::HeaderSize)
+        return false;
+
+    m_pendingLength = qFromBigEndian<qint64>(m_header);
+    m_type = qint8(m_header[8]);
+    const quint32 size = qFromBigEndian<quint32>(m_header + 9);
+    // The payload's own size field decides how much follows; the length field is only ever
+    // a lower bound the sender computed, and trusting it would desynchronise the stream.
+    if (size == FrameCodec::NullPayloadSize) {
+        m_payloadSize = 0;
+        m_payload = QByteArray();
+    } else {
+        m_payloadSize = size;
+        m_payload = QByteArray("");
+    }
+    m_payloadFilled = 0;
+    return true;
+}
+
+bool FrameReader::readPayload(QIODevice& device)
+{
+    constexpr qint64 minimumStep = 64 * 1024;
+    while (m_payloadFilled < m_payloadSize) {
+        const qint64 available = device.bytesAvailable();
+        if (available <= 0)
+            return false;
+        const qint64 wanted = qMin(available, m_payloadSize - m_payloadFilled);
+        const qint64 needed = m_payloadFilled + wanted;
+        if (m_payload.capacity() < needed) {
+            const qint64 grown = qMax(needed, qMax(minimumStep, qint64(m_payload.capacity()) * 2));
+            m_payload.reserve(int(qMin(grown, m_payloadSize)));
+        }
+        m_payload.resize(int(needed));
+        const qint64 got = device.read(m_payload.data() + m_payloadFilled, wanted);
+        if (got <= 0) {
+            m_payload.resize(int(m_payloadFilled));
+            return false;
+        }
+        m_payloadFilled += got;
+        if (got < wanted)
+            m_payload.resize(int(m_payloadFilled));
+    }
+    return true;
+}
+
+} // namespace vms_sdk

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// SPDX-FileCopyrightText: the vms_client_sdk developers
+#pragma once
+
+#include <QByteArray>
+#include <QtGlobal>
+
+class QIODevice;
+
+namespace vms_sdk {
+
+// The frame of the message channel and of every stream socket, both directions:
+//
+//   offset 0   8 bytes  length        qint64, payload size + 1 (type byte and payload)
+//          8   1 byte   type          qint8, the message type
+//          9   4 bytes  payload size  quint32, 0xFFFFFFFF for a null payload
+//         13   n bytes  payload
+//
+// All big-endian: exactly what QDataStream (version 19) writes for a qint64, a qint8 and a
+// QByteArray. A null payload (hello, exit) and an empty one differ only in the size field.
+struct Frame
+{
+    qint8 type = 0;
+    QByteArray payload;
+};
+
+namespace FrameCodec {
+constexpr int HeaderSize = 13;
+constexpr quint32 NullPayloadSize = 0xFFFFFFFF;
+
+QByteArray encode(int type, const QByteArray& payload);
+} // namespace FrameCodec
+
+// Reassembles frames from a device that hands them over in arbitrary pieces.
+//
+// The reader only ever takes what the frame in progress still lacks, so it never consumes a
+// byte of the next frame and never hands over a frame that is not complete. The payload is
+// sized from its size field and filled straight from the device (one copy); its buffer grows
+// with the bytes that actually arrive, so a hostile size field allocates nothing up front.
+class FrameReader
+{
+public:
+    // Reads what the current frame still needs. Returns true and fills `frame` once it is
+    // complete; returns false while bytes are missing (call again on the next readyRead).
+    bool read(QIODevice& device, Frame& frame);
+
+    // The length field of the frame in progress; 0 while it has not been read.
+    qint64 pendingLength() const { return m_pendingLength; }
+    void reset();
+
+private:
+    bool readHeader(QIODevice& device);
+    bool readPayload(QIODevice& device);
+
+    char m_header[FrameCodec::HeaderSize] = {};
+    int m_headerFilled = 0;
+    qint64 m_pendingLength = 0;
+    qint8 m_type = 0;
+    qint64 m_payloadSize = 0;
+    qint64 m_payloadFilled = 0;
+    QByteArray m_payload;
+};
+
+} // namespace vms_sdk

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// SPDX-FileCopyrightText: the vms_client_sdk developers
+#include "vms_sdk/channel/message_socket.h"
+
+#include <vms_sdk/client_signals.h>
+
+#include "vms_sdk/channel/time_count.h"
+#include "vms_sdk/client/message_signals.h"
+#include "vms_sdk/client/sdk_log.h"
+
+#include "vms_message.pb.h"
+
+#include <QPointer>
+
+namespace vms_sdk {
+namespace {
+
+// A gateway is lost for good on its fifth disconnect.
+constexpr int MaxRestarts = 4;
+
+} // namespace
+
+MessageSocket::MessageSocket(QObject* parent, MessageSocketTiming timing)
+    : QObject(parent)
+    , m_socket(new QLocalSocket(this))
+    , m_retryCounter(new TimeCount(timing.retryInterval, timing.retryCount, this))
+{
+    connect(m_socket, &QLocalSocket::connected, this, &MessageSocket::slotConnected);
+    connect(m_socket, &QLocalSocket::disconnected, this, &MessageSocket::slotDisconnected);
+    connect(m_socket, &QLocalSocket::readyRead, this, &MessageSocket::slotReadyRead);
+    connect(m_socket, &QLocalSocket::errorOccurred, this, &MessageSocket::slotError);
+    connect(m_retryCounter, &TimeCount::signalTryAgain, this, &MessageSocket::slotTryConnectAgain);
+    connect(m_retryCounter, &TimeCount::signalTryTimeout, this,
+            &MessageSocket::slotTryConnectTimeout);
+    connect(this, &MessageSocket::signalMessageComing, this, &MessageSocket::slotHandleMessage);
+}
+
+void MessageSocket::connectToDgw()
+{
+    m_retryCounter->start();
+}
+
+void MessageSocket::sendMessage(MessageType type, const QByteArray& payload)
+{
+    if (!m_socket->isValid())
+        return;
+    m_socket->write(FrameCodec::encode(type, payload));
+    // Without a flush the bytes would wait for the next pass of the event loop.
+    m_socket->flush();
+}
+
+void MessageSocket::closeSocket()
+{
+    m_retryCounter->stop();
+    disconnect(this, nullptr, nullptr, nullptr);
+    m_socket->disconnectFromServer();
+}
+
+void MessageSocket::slotTryConnectAgain()
+{
+    const QLocalSocket::LocalSocketState state = m_socket->state();
+    log::info(QStringLiteral("message socket try connect to dgw, socket state:%1").arg(int(state)));
+    if (state == QLocalSocket::UnconnectedState) {
+        m_socket->connectToServer(m_serverName, QIODevice::ReadWrite);
+    } else if (state == QLocalSocket::ConnectedState) {
+        // Stopped on the tick after the connection was made, not in slotConnected: the gateway
+        // manager relies on the counter running until then.
+        m_retryCounter->stop();
+    }
+}
+
+void MessageSocket::slotTryConnectTimeout()
+{
+    if (m_socket->state() == QLocalSocket::ConnectedState)
+        return;
+    m_ready = false;
+    m_socket->disconnectFromServer();
+    Q_EMIT signalConnectStatus(ConnStatusConnectTimeout);
+    log::info(QStringLiteral("message socket connect to dgw time out"));
+}
+
+void MessageSocket::slotConnected()
+{
+    // Whatever a previous connection left half-read belongs to a gateway that is gone.
+    m_reader.reset();
+    log::info(QStringLiteral("message socket connected to dgw"));
+    sendMessage(ClientHelloCmd, QByteArray());
+    Q_EMIT signalConnectStatus(ConnStatusConnected);
+}
+
+void MessageSocket::slotDisconnected()
+{
+    m_ready = false;
+    ++m_disconnectCount;
+    if (m_disconnectCount <= MaxRestarts) {
+        const QMap<QString, DevInfo> devices = m_devices;
+        for (auto it = devices.cbegin(); it != devices.cend(); ++it)
+            Q_EMIT ClientSignals::instance()->signalDevStatusPush(it.key(), DevStatusOffline);
+        Q_EMIT signalTryStartNewDgw();
+    } else {
+        Q_EMIT signalConnectStatus(ConnStatusDisconnected);
+    }
+    log::info(QStringLiteral("message socket disconnected from dgw"));
+}
+
+void MessageSocket::slotReadyRead()
+{
+    // A receiver of a message may close or even delete this channel.
+    QPointer<MessageSocket> self(this);
+    Frame frame;
+    while (self && m_socket->isValid() && m_reader.read(*m_socket, frame))
+        Q_EMIT signalMessageComing(MessageType(frame.type), frame.payload);
+}
+
+void MessageSocket::slotError(QLocalSocket::LocalSocketError socketError)
+{
+    // While the gateway is still starting its server does not exist yet; the retry ticks go on.
+    if (socketError == QLocalSocket::ServerNotFoundError)
+        return;
+    m_ready = false;
+    Q_EMIT signalConnectStatus(ConnStatusSocketError);
+    log::info(QStringLiteral("message socket connect to dgw error: %1").arg(int(socketError)));
+}
+
+void MessageSocket::slotHandleMessage(MessageType msgType, const QByteArray& message)
+{
+    if (msgType != InitDgwRes) {
+        Q_EMIT MessageSignals::instance()->signalMessageComing(msgType, message);
+        return;
+    }
+    vms_sdk_proto::Response answer;
+    if (answer.ParseFromArray(message.constData(), message.size()) && answer.error().code() == 0) {
+        m_ready = true;
+        Q_EMIT signalMessageSocketIsReady();
+        log::info(QStringLiteral("init dgw success"));
+    } else {
+        Q_EMIT ClientSignals::instance()->signalDgwAbnormal(DgwAbnormalInitFailed);
+        // "int", not "init": the text is what log readers search for.
+        log::error(QStringLiteral("int dgw failure"));
+    }
+}
+
+} // namespace vms_sdk

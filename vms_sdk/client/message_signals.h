@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// SPDX-FileCopyrightText: the vms_client_sdk developers
+#pragma once
+
+#include "vms_protocol/message_type.h"
+
+#include <QByteArray>
+#include <QObject>
+
+namespace vms_sdk {
+
+// The library's internal hub. Exported functions emit its request signals; the dispatcher,
+// the stream worker and the gateway manager listen. Every gateway message other than the
+// answer to the initialisation request passes through signalMessageComing.
+class MessageSignals : public QObject
+{
+    Q_OBJECT
+public:
+    static MessageSignals* instance();
+
+Q_SIGNALS:
+    // Life cycle.
+    void signalReleaseClientSdk();
+
+    // An incoming gateway message.
+    void signalMessageComing(vms_sdk::MessageType msgType, const QByteArray& message);
+
+private:
+    MessageSignals();
+};
+
+} // namespace vms_sdk
