@@ -8,7 +8,8 @@
 // Every public record is an aggregate (write DevInfo{.id = "a", .ip = "10.0.0.2"}) and a Qt
 // gadget with one property per field, so that it prints, converts to and from JSON and reaches
 // QML without a line of code per record. Q_GADGET leaves a private section behind it, which is
-// why every record reopens with public: before its fields.
+// why every record reopens with public: before its fields. Every field has an initialiser,
+// which keeps designated initialisation free of missing-initialiser warnings.
 
 #include "vms_sdk_global.h"
 
@@ -33,15 +34,15 @@ struct VMS_CLIENT_SDK_EXPORT InitDgwCondition
     Q_PROPERTY(QString saasServer MEMBER saasServer)
     Q_PROPERTY(QString saasCer MEMBER saasCer)
 public:
-    QString ak;  // access key
-    QString sk;  // secret key
-    QString ck;  // client key
-    QString csk; // client secret key
+    QString ak{};  // access key
+    QString sk{};  // secret key
+    QString ck{};  // client key
+    QString csk{}; // client secret key
     bool serviceEnabled = false;
-    QString url;
+    QString url{};
     int serviceType = 0;
-    QString saasServer; // address of the service server
-    QString saasCer;    // its certificate
+    QString saasServer{}; // address of the service server
+    QString saasCer{};    // its certificate
     bool operator==(const InitDgwCondition&) const = default;
 };
 
@@ -68,16 +69,16 @@ struct VMS_CLIENT_SDK_EXPORT DevInfo
     Q_PROPERTY(int rtspPort MEMBER rtspPort)
     Q_PROPERTY(int loginMode MEMBER loginMode)
 public:
-    QString id;
-    QString name;
-    QString sn; // serial number
+    QString id{};
+    QString name{};
+    QString sn{}; // serial number
     unsigned int devType = 0;
-    QString ip;
+    QString ip{};
     unsigned int port = 0;
-    QString user;
-    QString password;
-    QString version;
-    QString seriesName;
+    QString user{};
+    QString password{};
+    QString version{};
+    QString seriesName{};
     int protocol = 0;
     int status = 0;
     unsigned int channelCount = 0;

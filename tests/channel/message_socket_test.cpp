@@ -1,0 +1,315 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// SPDX-FileCopyrightText: the vms_client_sdk developers
+#include "support/test_support.h"
+
+#include <vms_sdk/client_signals.h>
+
+#include "vms_kit/vms_kit.h"
+#include "vms_protocol/frame_codec.h"
+#include "vms_sdk/channel/message_socket.h"
+#include "vms_sdk/client/message_signals.h"
+
+#include "vms_message.pb.h"
+
+#include <QFile>
+#include <QLocalServer>
+#include <QLocalSocket>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QUuid>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace vms_sdk;
+
+namespace {
+
+constexpr MessageSocketTiming fastTiming{.retryInterval = 20, .retryCount = 30};
+
+QString uniqueServerName()
+{
+    return QUuid::createUuid().toString(QUuid::Id128);
+}
+
+QByteArray initAnswer(int code)
+{
+    vms_sdk_proto::Response answer;
+    answer.set_request_id("{init}");
+    answer.mutable_error()->set_code(code);
+    return QByteArray::fromStdString(answer.SerializeAsString());
+}
+
+// Plays the gateway: a local server whose accepted connection the test writes to and reads.
+class MessageSocketTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        logPath = vms_test::openTestLog();
+        serverName = uniqueServerName();
+        ASSERT_TRUE(server.listen(serverName));
+    }
+    void TearDown() override { vms_kit::release_vms_log(); }
+
+    std::unique_ptr<MessageSocket> makeSocket()
+    {
+        auto channel = std::make_unique<MessageSocket>(nullptr, fastTiming);
+        channel->setServerName(serverName);
+        return channel;
+    }
+
+    // Waits for the channel to connect and returns the server's side of it.
+    QLocalSocket* accept()
+    {
+        if (!vms_test::waitFor([this] { return server.hasPendingConnections(); }))
+            return nullptr;
+        QLocalSocket* peer = server.nextPendingConnection();
+        return peer;
+    }
+
+    QByteArray readFromPeer(QLocalSocket* peer, int bytes)
+    {
+        vms_test::waitFor([&] { return peer->bytesAvailable() >= bytes; });
+        return peer->read(bytes);
+    }
+
+    QStringList logLines() const { return vms_test::readLines(logPath); }
+    int countLines(const QString& text) const
+    {
+        int n = 0;
+        for (const QString& line : logLines())
+            n += line.endsWith(text) ? 1 : 0;
+        return n;
+    }
+
+    QString logPath;
+    QString serverName;
+    QLocalServer server;
+};
+
+TEST_F(MessageSocketTest, ConnectsOnAFirstTickSaysHelloAndReportsConnected)
+{
+    auto channel = makeSocket();
+    QSignalSpy status(channel.get(), &MessageSocket::signalConnectStatus);
+    QLocalSocket* peer = accept();
+    ASSERT_NE(peer, nullptr);
+    EXPECT_EQ(readFromPeer(peer, 13).toHex(), QByteArray("0000000000000001" "03" "ffffffff"));
+    ASSERT_TRUE(vms_test::waitFor([&] { return status.count() == 1; }));
+    EXPECT_EQ(status[0][0].value<ConnStatus>(), ConnStatusConnected);
+    EXPECT_EQ(countLines(QStringLiteral("[info] [vms_client_sdk:]    message socket connected to dgw")),
+              1);
+    EXPECT_FALSE(channel->isReady());
+}
+
+TEST_F(MessageSocketTest, DeliversFramesWholeAndInOrderHoweverTheyAreWritten)
+{
+    QByteArray big(1 << 20, Qt::Uninitialized);
+    for (int i = 0; i < big.size(); ++i)
+        big[i] = char(i * 13);
+    const QByteArray a = FrameCodec::encode(21, "answer");
+    const QByteArray b = FrameCodec::encode(40, "push");
+    const QByteArray c = FrameCodec::encode(102, big);
+
+    struct Row
+    {
+        const char* name;
+        QList<QByteArray> writes;
+        QList<QPair<int, QByteArray>> expected;
+    };
+    QList<QByteArray> bigPieces;
+    for (int offset = 0; offset < c.size(); offset += 64 * 1024)
+        bigPieces.append(c.mid(offset, 64 * 1024));
+    const Row rows[] = {
+        {"two frames in one write", {a + b}, {{21, "answer"}, {40, "push"}}},
+        {"length alone, then the rest", {a.left(8), a.mid(8)}, {{21, "answer"}}},
+        {"split inside the size field", {a.left(11), a.mid(11) + b}, {{21, "answer"}, {40, "push"}}},
+        {"split one byte before the end", {a.left(a.size() - 1), a.right(1)}, {{21, "answer"}}},
+        {"1 MiB in 64 KiB pieces", bigPieces, {{102, big}}},
+    };
+    for (const Row& row : rows) {
+        auto channel = makeSocket();
+        QSignalSpy frames(channel.get(), &MessageSocket::signalMessageComing);
+        QLocalSocket* peer = accept();
+        ASSERT_NE(peer, nullptr) << row.name;
+        for (const QByteArray& piece : row.writes) {
+            peer->write(piece);
+            peer->flush();
+            // Give the library a chance to see each piece on its own.
+            vms_test::waitFor([&] { return channel->socket()->bytesAvailable() > 0; }, 50);
+            QCoreApplication::processEvents();
+        }
+        ASSERT_TRUE(vms_test::waitFor([&] { return frames.count() >= row.expected.size(); }))
+            << row.name;
+        QCoreApplication::processEvents();
+        ASSERT_EQ(frames.count(), row.expected.size()) << row.name;
+        for (int i = 0; i < row.expected.size(); ++i) {
+            EXPECT_EQ(frames[i][0].value<MessageType>(), row.expected[i].first) << row.name;
+            EXPECT_EQ(frames[i][1].toByteArray(), row.expected[i].second) << row.name;
+        }
+        delete peer;
+    }
+}
+
+TEST_F(MessageSocketTest, ThirtyQuietAttemptsThenOneTimeOut)
+{
+    server.close();
+    auto channel = makeSocket();
+    QSignalSpy status(channel.get(), &MessageSocket::signalConnectStatus);
+    ASSERT_TRUE(status.wait(5000));
+    ASSERT_EQ(status.count(), 1);
+    EXPECT_EQ(status[0][0].value<ConnStatus>(), ConnStatusConnectTimeout);
+
+    const QStringList lines = logLines();
+    ASSERT_EQ(lines.size(), 31);
+    for (int i = 0; i < 30; ++i)
+        EXPECT_TRUE(lines[i].endsWith(
+            QStringLiteral("[vms_client_sdk:]    message socket try connect to dgw, socket state:0")))
+            << lines[i].toStdString();
+    EXPECT_TRUE(lines[30].endsWith(QStringLiteral("message socket connect to dgw time out")));
+    // Server-not-found errors on every attempt were silent.
+    EXPECT_FALSE(status.wait(100));
+}
+
+TEST_F(MessageSocketTest, AnErrorOtherThanServerNotFoundReportsStatus3)
+{
+    // A name that exists but is no server: the connection is refused rather than not found.
+    const QString notAServer = vms_test::tempDir() + QStringLiteral("/not-a-server");
+    QFile file(notAServer);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    auto channel = makeSocket();
+    channel->setServerName(notAServer);
+    QSignalSpy status(channel.get(), &MessageSocket::signalConnectStatus);
+    ASSERT_TRUE(status.wait(2000));
+    EXPECT_EQ(status[0][0].value<ConnStatus>(), ConnStatusSocketError);
+    EXPECT_EQ(countLines(QStringLiteral("message socket connect to dgw error: %1")
+                             .arg(int(QLocalSocket::ConnectionRefusedError))),
+              1);
+    channel->closeSocket();
+}
+
+TEST_F(MessageSocketTest, FourLossesPushDevicesOfflineAndAskForRestartsTheFifthGivesUp)
+{
+    auto channel = makeSocket();
+    channel->devices().insert(QStringLiteral("cam-b"), DevInfo{.id = QStringLiteral("cam-b")});
+    channel->devices().insert(QStringLiteral("cam-a"), DevInfo{.id = QStringLiteral("cam-a")});
+    QSignalSpy restarts(channel.get(), &MessageSocket::signalTryStartNewDgw);
+    QSignalSpy status(channel.get(), &MessageSocket::signalConnectStatus);
+    QSignalSpy offline(ClientSignals::instance(), &ClientSignals::signalDevStatusPush);
+
+    for (int loss = 1; loss <= 5; ++loss) {
+        if (loss > 1)
+            channel->connectToDgw();
+        QLocalSocket* peer = accept();
+        ASSERT_NE(peer, nullptr) << "loss " << loss;
+        // The retry counter stops on the tick after the connection; until then a loss would
+        // be followed by a reconnection of the channel's own.
+        ASSERT_TRUE(vms_test::waitFor([&] {
+            return countLines(QStringLiteral("socket state:%1")
+                                  .arg(int(QLocalSocket::ConnectedState))) == loss;
+        }));
+        peer->disconnectFromServer();
+        ASSERT_TRUE(vms_test::waitFor([&] { return channel->disconnectCount() == loss; }))
+            << "loss " << loss;
+        delete peer;
+    }
+    EXPECT_EQ(restarts.count(), 4);
+    ASSERT_EQ(offline.count(), 8);
+    for (int i = 0; i < 8; ++i) {
+        EXPECT_EQ(offline[i][0].toString(), i % 2 == 0 ? "cam-a" : "cam-b"); // key order
+        EXPECT_EQ(offline[i][1].value<DevStatus>(), DevStatusOffline);
+    }
+    QList<ConnStatus> statuses;
+    for (const auto& args : status)
+        statuses.append(args[0].value<ConnStatus>());
+    EXPECT_EQ(statuses.count(ConnStatusDisconnected), 1);
+    EXPECT_EQ(statuses.last(), ConnStatusDisconnected);
+    EXPECT_EQ(countLines(QStringLiteral("message socket disconnected from dgw")), 5);
+}
+
+TEST_F(MessageSocketTest, TheInitAnswerDecidesReadiness)
+{
+    struct Row
+    {
+        const char* name;
+        QByteArray payload;
+        bool ready;
+    };
+    const Row rows[] = {
+        {"success", initAnswer(0), true},
+        {"no error part counts as success", QByteArray(""), true},
+        {"refusal", initAnswer(7), false},
+        {"unparsable payload", QByteArray("\xff\xff\xff", 3), false},
+    };
+    for (const Row& row : rows) {
+        auto channel = makeSocket();
+        QSignalSpy ready(channel.get(), &MessageSocket::signalMessageSocketIsReady);
+        QSignalSpy abnormal(ClientSignals::instance(), &ClientSignals::signalDgwAbnormal);
+        QSignalSpy routed(MessageSignals::instance(), &MessageSignals::signalMessageComing);
+        QLocalSocket* peer = accept();
+        ASSERT_NE(peer, nullptr) << row.name;
+        readFromPeer(peer, 13);
+        peer->write(FrameCodec::encode(InitDgwRes, row.payload));
+        peer->flush();
+        ASSERT_TRUE(vms_test::waitFor([&] { return ready.count() + abnormal.count() > 0; }))
+            << row.name;
+        EXPECT_EQ(channel->isReady(), row.ready) << row.name;
+        EXPECT_EQ(ready.count(), row.ready ? 1 : 0) << row.name;
+        if (!row.ready) {
+            ASSERT_EQ(abnormal.count(), 1) << row.name;
+            EXPECT_EQ(abnormal[0][0].value<DgwAbnormal>(), DgwAbnormalInitFailed);
+        }
+        EXPECT_EQ(routed.count(), 0) << row.name; // the init answer stays in the channel
+        delete peer;
+    }
+    EXPECT_EQ(countLines(QStringLiteral("[info] [vms_client_sdk:]    init dgw success")), 2);
+    EXPECT_EQ(countLines(QStringLiteral("[error] [vms_client_sdk:]    int dgw failure")), 2);
+}
+
+TEST_F(MessageSocketTest, OtherFramesGoToTheHubAndASlotMayDeleteTheChannel)
+{
+    auto owned = makeSocket();
+    QPointer<MessageSocket> channel = owned.release();
+    QSignalSpy routed(MessageSignals::instance(), &MessageSignals::signalMessageComing);
+    QObject::connect(channel, &MessageSocket::signalMessageComing, channel,
+                     [&](MessageType type, const QByteArray&) {
+                         if (type == DevStatusPush)
+                             delete channel.data();
+                     });
+    QLocalSocket* peer = accept();
+    ASSERT_NE(peer, nullptr);
+    peer->write(FrameCodec::encode(21, "a") + FrameCodec::encode(40, "b") +
+                FrameCodec::encode(45, "c"));
+    peer->flush();
+    ASSERT_TRUE(vms_test::waitFor([&] { return channel.isNull(); }));
+    QCoreApplication::processEvents();
+    // The channel's own handler runs before the slot that deletes it; the frame after that
+    // is never touched.
+    ASSERT_EQ(routed.count(), 2);
+    EXPECT_EQ(routed[0][0].value<MessageType>(), DevNetGetRes);
+    EXPECT_EQ(routed[0][1].toByteArray(), "a");
+    EXPECT_EQ(routed[1][0].value<MessageType>(), DevStatusPush);
+}
+
+TEST_F(MessageSocketTest, SendingWithoutAConnectionDropsSilentlyAndCloseEndsTheChannel)
+{
+    auto channel = makeSocket();
+    channel->sendMessage(DevNetGetReq, "lost"); // not connected yet
+    QSignalSpy status(channel.get(), &MessageSocket::signalConnectStatus);
+    QLocalSocket* peer = accept();
+    ASSERT_NE(peer, nullptr);
+    EXPECT_EQ(readFromPeer(peer, 13).at(8), char(ClientHelloCmd));
+    channel->sendMessage(DevNetGetReq, "kept");
+    EXPECT_EQ(readFromPeer(peer, 17), FrameCodec::encode(DevNetGetReq, "kept"));
+
+    QSignalSpy restarts(channel.get(), &MessageSocket::signalTryStartNewDgw);
+    channel->closeSocket();
+    ASSERT_TRUE(vms_test::waitFor([&] { return peer->state() == QLocalSocket::UnconnectedState; }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(restarts.count(), 0);
+    EXPECT_FALSE(status.wait(100)); // and no more attempts
+}
+
+} // namespace
