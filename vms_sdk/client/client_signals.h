@@ -20,6 +20,7 @@ public:
 
 Q_SIGNALS:
     // Gateway state.
+    void signalPrepareStartDgwSuccess();
     void signalDgwAbnormal(vms_sdk::DgwAbnormal abnormal);
 
     // Device discovery and state pushes.

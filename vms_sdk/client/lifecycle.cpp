@@ -5,6 +5,7 @@
 #include "vms_kit/vms_kit.h"
 #include "vms_sdk/client/message_signals.h"
 #include "vms_sdk/client/sdk_log.h"
+#include "vms_sdk/gateway/multi_dgw_mgr.h"
 
 #include <QStandardPaths>
 
@@ -24,6 +25,7 @@ void init_vms_client_sdk()
         vms_kit::init_vms_log(path, QStringLiteral("vms_client_log"));
         MessageSignals::instance();
         ClientSignals::instance();
+        MultiDgwMgr::instance();
     }
     initialised = true;
 }

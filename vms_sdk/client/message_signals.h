@@ -2,10 +2,13 @@
 // SPDX-FileCopyrightText: the vms_client_sdk developers
 #pragma once
 
+#include <vms_sdk/device_records.h>
+
 #include "vms_protocol/message_type.h"
 
 #include <QByteArray>
 #include <QObject>
+#include <QStringList>
 
 namespace vms_sdk {
 
@@ -21,6 +24,20 @@ public:
 Q_SIGNALS:
     // Life cycle.
     void signalReleaseClientSdk();
+    void signalPrepareStartDgw(const vms_sdk::InitDgwCondition& condition, const QString& dgwPath,
+                               int devsCnt);
+
+    // Managed devices, spread over the gateways by the gateway manager.
+    void signalSetManagedDevsCmd(const QList<vms_sdk::DevInfo>& devs);
+    void signalAddManagedDevsCmd(const QList<vms_sdk::DevInfo>& devs);
+    void signalDelManagedDevsCmd(const QStringList& devIds);
+    void signalEditManagedDevsCmd(const QList<vms_sdk::DevInfo>& devs);
+    void signalSetDevsTimeCmd(const QStringList& devIds, const QString& time);
+    void signalRebootDevsCmd(const QStringList& devIds);
+    void signalRestoreFactoryCmd(const QStringList& devIds, bool keepNetwork);
+    void signalReconnectDevsCmd(const QStringList& devIds);
+    void signalSetSaasTokenCmd(const QString& token);
+    void signalSaasLogoutCmd();
 
     // An incoming gateway message.
     void signalMessageComing(vms_sdk::MessageType msgType, const QByteArray& message);

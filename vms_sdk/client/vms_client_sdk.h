@@ -12,6 +12,10 @@
 #include "vms_sdk_global.h"
 #include "vms_types.h"
 
+#include <QList>
+#include <QString>
+#include <QStringList>
+
 namespace vms_sdk {
 
 // Opens the log and builds the library's objects on the calling thread, which must run a Qt
@@ -21,6 +25,27 @@ VMS_CLIENT_SDK_EXPORT void init_vms_client_sdk();
 
 // Writes the last log line, closes the log and tells every gateway to exit.
 VMS_CLIENT_SDK_EXPORT void release_vms_client_sdk();
+
+// Gateways and managed devices.
+
+// Starts one gateway program (dgwPath) per hundred expected devices, at most 32, and
+// initialises each with `condition`; signalPrepareStartDgwSuccess once all are ready.
+VMS_CLIENT_SDK_EXPORT void prepare_start_dgw_req(const InitDgwCondition& condition,
+                                                 const QString& dgwPath, int devsCnt);
+// Hands the gateways the devices to manage, a hundred per gateway in list order.
+VMS_CLIENT_SDK_EXPORT void set_managed_devs_cmd(const QList<DevInfo>& devs);
+// Adds devices where there is room, starting further gateways for the rest.
+VMS_CLIENT_SDK_EXPORT void add_managed_devs_cmd(const QList<DevInfo>& devs);
+VMS_CLIENT_SDK_EXPORT void del_managed_devs_cmd(const QStringList& devIds);
+VMS_CLIENT_SDK_EXPORT void edit_managed_devs_cmd(const QList<DevInfo>& devs);
+// `time` as "yyyy-MM-dd hh:mm:ss".
+VMS_CLIENT_SDK_EXPORT void set_devs_time_cmd(const QStringList& devIds, const QString& time);
+VMS_CLIENT_SDK_EXPORT void reboot_devs_cmd(const QStringList& devIds);
+VMS_CLIENT_SDK_EXPORT void restore_factory_cmd(const QStringList& devIds, bool keepNetwork);
+VMS_CLIENT_SDK_EXPORT void reconnect_devs_cmd(const QStringList& devIds);
+// The service token is kept and handed to every gateway, also to gateways started later.
+VMS_CLIENT_SDK_EXPORT void set_saas_token_cmd(const QString& token);
+VMS_CLIENT_SDK_EXPORT void saas_logout_cmd();
 
 } // namespace vms_sdk
 
