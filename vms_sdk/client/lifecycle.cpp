@@ -5,6 +5,7 @@
 #include "vms_kit/vms_kit.h"
 #include "vms_sdk/client/message_signals.h"
 #include "vms_sdk/client/sdk_log.h"
+#include "vms_sdk/request/request_mgr.h"
 
 #include <QStandardPaths>
 
@@ -24,6 +25,8 @@ void init_vms_client_sdk()
         vms_kit::init_vms_log(path, QStringLiteral("vms_client_log"));
         MessageSignals::instance();
         ClientSignals::instance();
+        // The registry's timers and renewals belong to this thread.
+        RequestMgr::instance();
     }
     initialised = true;
 }

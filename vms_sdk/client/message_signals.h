@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QObject>
+#include <QString>
 
 namespace vms_sdk {
 
@@ -21,6 +22,9 @@ public:
 Q_SIGNALS:
     // Life cycle.
     void signalReleaseClientSdk();
+
+    // Gives an outstanding request a fresh time-out.
+    void signalRenewalRequestId(const QString& requestId);
 
     // An incoming gateway message.
     void signalMessageComing(vms_sdk::MessageType msgType, const QByteArray& message);

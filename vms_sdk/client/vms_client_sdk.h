@@ -12,6 +12,9 @@
 #include "vms_sdk_global.h"
 #include "vms_types.h"
 
+#include <QString>
+#include <QVariant>
+
 namespace vms_sdk {
 
 // Opens the log and builds the library's objects on the calling thread, which must run a Qt
@@ -21,6 +24,22 @@ VMS_CLIENT_SDK_EXPORT void init_vms_client_sdk();
 
 // Writes the last log line, closes the log and tells every gateway to exit.
 VMS_CLIENT_SDK_EXPORT void release_vms_client_sdk();
+
+// Request values: one value per request id, which the application attaches to a request and
+// gets back with its time-out (ClientSignals::signalRequestTimeout), or reads itself when the
+// answer comes. A value stays until it is read with remove = true, removed, cleared, or
+// handed over by a time-out. These five may be called from any thread.
+
+// Attaches a value to a request id, replacing one attached before.
+VMS_CLIENT_SDK_EXPORT void add_request_value(const QString& requestId, const QVariant& value);
+// The value attached to a request id, or an invalid QVariant; remove = true also detaches it.
+VMS_CLIENT_SDK_EXPORT QVariant get_request_value(const QString& requestId, bool remove);
+VMS_CLIENT_SDK_EXPORT void remove_request_value(const QString& requestId);
+VMS_CLIENT_SDK_EXPORT void remove_all_request_values();
+
+// Gives an outstanding request a full new time-out from now, for answers known to take long.
+// An id that is not outstanding is ignored.
+VMS_CLIENT_SDK_EXPORT void renewal_request_id(const QString& requestId);
 
 } // namespace vms_sdk
 
