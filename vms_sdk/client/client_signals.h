@@ -7,6 +7,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QVariant>
 
 namespace vms_sdk {
 
@@ -22,6 +23,9 @@ Q_SIGNALS:
     // Gateway state.
     void signalPrepareStartDgwSuccess();
     void signalDgwAbnormal(vms_sdk::DgwAbnormal abnormal);
+
+    // Request bookkeeping.
+    void signalRequestTimeout(const QString& requestId, const QVariant& requestValue);
 
     // Device discovery and state pushes.
     void signalDevStatusPush(const QString& devId, vms_sdk::DevStatus status);

@@ -9,6 +9,7 @@
 #include <QByteArray>
 #include <QObject>
 #include <QStringList>
+#include <QString>
 
 namespace vms_sdk {
 
@@ -38,6 +39,9 @@ Q_SIGNALS:
     void signalReconnectDevsCmd(const QStringList& devIds);
     void signalSetSaasTokenCmd(const QString& token);
     void signalSaasLogoutCmd();
+
+    // Gives an outstanding request a fresh time-out.
+    void signalRenewalRequestId(const QString& requestId);
 
     // An incoming gateway message.
     void signalMessageComing(vms_sdk::MessageType msgType, const QByteArray& message);

@@ -15,6 +15,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <QVariant>
 
 namespace vms_sdk {
 
@@ -46,6 +47,19 @@ VMS_CLIENT_SDK_EXPORT void reconnect_devs_cmd(const QStringList& devIds);
 // The service token is kept and handed to every gateway, also to gateways started later.
 VMS_CLIENT_SDK_EXPORT void set_saas_token_cmd(const QString& token);
 VMS_CLIENT_SDK_EXPORT void saas_logout_cmd();
+// Request values: one value per request id, which the application attaches to a request and
+// gets back with its time-out (ClientSignals::signalRequestTimeout), or reads itself when the
+// answer comes. A value stays until it is read with remove = true, removed, cleared, or
+// handed over by a time-out. These five may be called from any thread.
+// Attaches a value to a request id, replacing one attached before.
+VMS_CLIENT_SDK_EXPORT void add_request_value(const QString& requestId, const QVariant& value);
+// The value attached to a request id, or an invalid QVariant; remove = true also detaches it.
+VMS_CLIENT_SDK_EXPORT QVariant get_request_value(const QString& requestId, bool remove);
+VMS_CLIENT_SDK_EXPORT void remove_request_value(const QString& requestId);
+VMS_CLIENT_SDK_EXPORT void remove_all_request_values();
+// Gives an outstanding request a full new time-out from now, for answers known to take long.
+// An id that is not outstanding is ignored.
+VMS_CLIENT_SDK_EXPORT void renewal_request_id(const QString& requestId);
 
 } // namespace vms_sdk
 

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// SPDX-FileCopyrightText: the vms_client_sdk developers
+#pragma once
+
+#include "vms_sdk/request/request_timeout_checker.h"
+
+#include <QMap>
+#include <QMutex>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QVariant>
+
+namespace vms_sdk {
+
+// The registry of outstanding requests and of the application's request values.
+//
+// The dispatcher registers a request id before it sends the request and unregisters it when
+// the answer comes; an id that stays registered for a whole interval times out, once, with
+// "request timeout:<id>" in the log and ClientSignals::signalRequestTimeout carrying the value
+// the application attached to it. Registration, answers, renewals and time-outs all run on
+// the thread the registry lives on, where its checkers' timers tick. The request values are
+// set and read by the application from any thread, which is why one mutex guards both maps.
+class RequestMgr : public QObject
+{
+    Q_OBJECT
+public:
+    static constexpr int DefaultTimeoutMs = 60000;
+
+    explicit RequestMgr(QObject* parent = nullptr, int timeoutMs = DefaultTimeoutMs);
+    ~RequestMgr() override;
+
+    // The registry the exported request-value functions reach. Until the dispatcher is there
+    // to own it, it is made here on first use, and init_vms_client_sdk makes that first use
+    // happen on the library's thread. Once MessageHamal exists it creates the registry as
+    // its child in its constructor, and this becomes `return
+    // MessageHamal::instance()->requestMgr();`: callers do not change.
+    static RequestMgr* instance();
+
+    // Applies to requests registered from now on; the outstanding ones keep their interval.
+    void setTimeoutInterval(int ms);
+    int timeoutInterval() const;
+
+    void addRequest(const QString& requestId);
+    // False when the id is not outstanding: the answer came too late or was never asked for.
+    bool removeRequest(const QString& requestId);
+
+    void setValue(const QString& requestId, const QVariant& value);
+    // An invalid QVariant when there is none.
+    QVariant value(const QString& requestId, bool remove);
+    void removeValue(const QString& requestId);
+    void clearValues();
+
+public Q_SLOTS:
+    void slotRequestTimeout(const QString& requestId);
+    void slotRenewalRequestId(const QString& requestId);
+
+private:
+    mutable QMutex m_mutex;
+    QMap<QString, QPointer<RequestTimeoutChecker>> m_checkers;
+    QMap<QString, QVariant> m_values;
+    int m_timeoutMs;
+};
+
+} // namespace vms_sdk
