@@ -22,7 +22,7 @@ std::string requestIdOf(const QByteArray& request)
     while (const quint32 tag = input.ReadTag()) {
         if (tag == WireFormatLite::MakeTag(1, WireFormatLite::WIRETYPE_LENGTH_DELIMITED)) {
             std::string id;
-            return input.ReadString(&id, int(request.size())) ? id : std::string();
+            return WireFormatLite::ReadString(&input, &id) ? id : std::string();
         }
         if (!WireFormatLite::SkipField(&input, tag))
             break;
