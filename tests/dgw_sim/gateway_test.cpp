@@ -87,6 +87,17 @@ TEST_F(Gateway, KeepsRunningForTheNextClientWhenItsClientLeaves)
     EXPECT_EQ(sim.process().state(), QProcess::Running);
 }
 
+TEST_F(Gateway, ExitsWhenLeftWithoutClientsIfConfiguredTo)
+{
+    SimProcess& sim = startSim(R"({"idleExitMs": 50})");
+    ASSERT_TRUE(sim.initialise());
+    sim.disconnectClient();
+    ASSERT_TRUE(sim.waitForExit());
+    EXPECT_EQ(sim.process().exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(sim.process().exitCode(), 0);
+    EXPECT_TRUE(sim.log().contains(QLatin1String("client 0: disconnected")));
+}
+
 TEST_F(Gateway, KeepsStreamConnectionsOpen)
 {
     SimProcess& sim = startSim();

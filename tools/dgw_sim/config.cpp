@@ -225,6 +225,7 @@ bool parseConfig(const QByteArray& json, SimConfig* config, QString* error)
     if (unknown != QLatin1String("online") && unknown != QLatin1String("offline"))
         root.fail(QStringLiteral("unknownDevices"), QStringLiteral("expected online or offline"));
     config->unknownDevicesOnline = unknown == QLatin1String("online");
+    config->idleExitMs = int(root.integer(QStringLiteral("idleExitMs"), 0, 0, 86400000));
     config->faults = readFaults(root.object(QStringLiteral("faults")));
     config->pushes = readPushes(root);
     if (!root.finish())

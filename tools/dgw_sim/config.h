@@ -18,6 +18,8 @@ struct SimConfig
 {
     QList<SimDevice> devices;
     bool unknownDevicesOnline = true;
+    // Exit once no client has been connected for this long; 0: run until told to exit.
+    int idleExitMs = 0;
     QList<ScheduledPush> pushes;
     FaultConfig faults;
 };

@@ -35,7 +35,13 @@ SimServer::SimServer(const SimConfig& config, DeviceModel& model, QObject* paren
     , m_model(model)
     , m_faults(config.faults)
     , m_server(new QLocalServer(this))
+    , m_idleTimer(new QTimer(this))
 {
+    m_idleTimer->setSingleShot(true);
+    connect(m_idleTimer, &QTimer::timeout, this, [this] {
+        logLine(QStringLiteral("no client for %1 ms").arg(m_config.idleExitMs));
+        exit();
+    });
     for (const HandlerRow& row : allHandlers()) {
         if (m_handlers.contains(row.type))
             qFatal("two handlers for message type %d", row.type);
@@ -48,8 +54,11 @@ bool SimServer::listen(const QString& name, QString* error)
 {
     // A gateway that crashed before us may have left its socket file behind.
     QLocalServer::removeServer(name);
-    if (m_server->listen(name))
+    if (m_server->listen(name)) {
+        if (m_config.idleExitMs > 0)
+            m_idleTimer->start(m_config.idleExitMs);
         return true;
+    }
     *error = QStringLiteral("cannot listen on %1: %2").arg(name, m_server->errorString());
     return false;
 }
@@ -62,8 +71,18 @@ void SimServer::exit()
 
 void SimServer::accept()
 {
-    while (QLocalSocket* socket = m_server->nextPendingConnection())
-        new SimConnection(socket, *this, m_clients++);
+    while (QLocalSocket* socket = m_server->nextPendingConnection()) {
+        m_idleTimer->stop();
+        ++m_connected;
+        auto* connection = new SimConnection(socket, *this, m_clients++);
+        connect(connection, &QObject::destroyed, this, &SimServer::clientGone);
+    }
+}
+
+void SimServer::clientGone()
+{
+    if (--m_connected == 0 && m_config.idleExitMs > 0)
+        m_idleTimer->start(m_config.idleExitMs);
 }
 
 SimConnection::SimConnection(QLocalSocket* socket, SimServer& server, int number)
@@ -92,8 +111,13 @@ SimConnection::SimConnection(QLocalSocket* socket, SimServer& server, int number
         deleteLater();
     });
     log(QStringLiteral("connected"));
-    // Bytes may have arrived before the signal was connected.
+    // Bytes may have arrived before the signals were connected, or the client may already be
+    // gone again.
     readFrames();
+    if (m_socket->state() == QLocalSocket::UnconnectedState) {
+        log(QStringLiteral("disconnected"));
+        deleteLater();
+    }
 }
 
 DeviceModel& SimConnection::model()

@@ -26,7 +26,10 @@ struct SimConfig;
 // connections share (the handler table, the device model, the fault counters).
 //
 // A client that goes away leaves the gateway running: a gateway ends only when told to exit
-// or when killed, and the next client to connect is served as the first one was.
+// or when killed, and the next client to connect is served as the first one was. The library
+// starts gateways detached and replaces a lost one by a new process under the same server
+// name, so a config may ask for an exit after some time without clients, lest a replaced
+// gateway outlive everything.
 class SimServer : public QObject
 {
     Q_OBJECT
@@ -44,13 +47,16 @@ public:
 
 private:
     void accept();
+    void clientGone();
 
     const SimConfig& m_config;
     DeviceModel& m_model;
     Faults m_faults;
     QHash<int, Handler> m_handlers;
     QLocalServer* m_server;
+    QTimer* m_idleTimer;
     int m_clients = 0;
+    int m_connected = 0;
     bool m_exiting = false;
 };
 

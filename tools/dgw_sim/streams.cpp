@@ -47,6 +47,10 @@ StreamConnection::StreamConnection(QLocalSocket* socket, int number, QObject* pa
     });
     log(QStringLiteral("connected"));
     readFrames();
+    if (m_socket->state() == QLocalSocket::UnconnectedState) {
+        log(QStringLiteral("disconnected"));
+        deleteLater();
+    }
 }
 
 void StreamConnection::readFrames()
