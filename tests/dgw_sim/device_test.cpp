@@ -6,6 +6,8 @@
 
 #include "vms_message.pb.h"
 
+#include <QFile>
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -504,4 +506,26 @@ TEST_F(Devices, ScheduledPushesStartWithInitAndRepeatInDueOrder)
         types.append(frame.type);
     EXPECT_EQ(types, (QList<int>{DevP2PSuccessPush, DevP2PSuccessPush, DevP2PSuccessPush,
                                  UploadUpgradeFileFinishedPush}));
+}
+
+TEST_F(Devices, WithoutAConfigTheBuiltInNetworkIsThere)
+{
+    SimProcess& sim = startSim();
+    ASSERT_TRUE(sim.initialise());
+    sim.send(SearchDevsCmd, QByteArray());
+    EXPECT_EQ(idsOf(sim.take<vms_sdk_proto::SearchedDevsPush>(SearchedDevsPush)),
+              (std::vector<std::string>{"cam-1", "cam-2", "nvr-1"}));
+    sim.send(GetDevChannelsInfoCmd, QByteArray("nvr-1"));
+    EXPECT_EQ(sim.take<vms_sdk_proto::DevChannelsInfoPush>(DevChannelsInfoPush).channels_size(), 4);
+}
+
+TEST_F(Devices, TheExampleConfigRuns)
+{
+    QFile example(QStringLiteral(VMS_DGW_SIM_EXAMPLE));
+    ASSERT_TRUE(example.open(QIODevice::ReadOnly));
+    SimProcess& sim = startSim(example.readAll());
+    ASSERT_TRUE(sim.initialise());
+    sim.send(BroadcastSearchDevsCmd, QByteArray());
+    EXPECT_EQ(idsOf(sim.take<vms_sdk_proto::SearchedDevsPush>(BroadcastSearchedDevsPush)),
+              (std::vector<std::string>{"front-door", "warehouse"}));
 }
