@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// SPDX-FileCopyrightText: the vms_client_sdk developers
+#include "sim_process.h"
+
+#include "support/test_support.h"
+
+#include "vms_protocol/message_type.h"
+
+#include "vms_message.pb.h"
+
+#include <QElapsedTimer>
+
+#include <gtest/gtest.h>
+
+using namespace vms_sdk;
+using vms_test::SimProcess;
+
+namespace {
+
+class Gateway : public vms_test::SimTest
+{};
+
+QList<int> typesOf(const QList<Frame>& frames)
+{
+    QList<int> types;
+    for (const Frame& frame : frames)
+        types.append(frame.type);
+    return types;
+}
+
+} // namespace
+
+TEST_F(Gateway, AnswersInitWithItsRequestIdAndNothingToTheHello)
+{
+    SimProcess& sim = startSim();
+    ASSERT_TRUE(sim.connectClient());
+    sim.send(ClientHelloCmd, QByteArray());
+    vms_sdk_proto::InitDgwReq init;
+    init.set_request_id("{6f1c2a9e-0b7d-4c55-9a0e-3f1d2b4c5e6f}");
+    sim.send(InitDgwReq, init);
+
+    const QList<Frame> frames = sim.takeUntil(InitDgwRes);
+    ASSERT_EQ(typesOf(frames), QList<int>{InitDgwRes});
+    vms_sdk_proto::Response answer;
+    ASSERT_TRUE(
+        answer.ParseFromArray(frames.first().payload.constData(), frames.first().payload.size()));
+    EXPECT_EQ(answer.request_id(), init.request_id());
+    EXPECT_EQ(answer.error().code(), 0);
+}
+
+TEST_F(Gateway, RefusesInitWithTheConfiguredCodeAndSendsNoScheduledPushes)
+{
+    SimProcess& sim = startSim(R"({
+        "faults": {"refuseInit": {"code": 7, "message": "account locked"}},
+        "pushes": [{"type": "devStatus", "devId": "cam-1", "status": 1}]})");
+    ASSERT_TRUE(sim.connectClient());
+    vms_sdk_proto::InitDgwReq init;
+    init.set_request_id("{refused}");
+    sim.send(InitDgwReq, init);
+    const auto answer = sim.take<vms_sdk_proto::Response>(InitDgwRes);
+    EXPECT_EQ(answer.request_id(), "{refused}");
+    EXPECT_EQ(answer.error().code(), 7);
+    EXPECT_EQ(answer.error().err_msg(), "account locked");
+
+    // A push due at once would have been written before the search result.
+    sim.send(SearchDevsCmd, QByteArray());
+    EXPECT_EQ(typesOf(sim.takeUntil(SearchedDevsPush)), QList<int>{SearchedDevsPush});
+}
+
+TEST_F(Gateway, ExitsCleanlyOnTheExitCommand)
+{
+    SimProcess& sim = startSim();
+    ASSERT_TRUE(sim.initialise());
+    sim.send(DgwExitCmd, QByteArray());
+    ASSERT_TRUE(sim.waitForExit());
+    EXPECT_EQ(sim.process().exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(sim.process().exitCode(), 0);
+}
+
+TEST_F(Gateway, KeepsRunningForTheNextClientWhenItsClientLeaves)
+{
+    SimProcess& sim = startSim();
+    ASSERT_TRUE(sim.initialise("{first}"));
+    sim.disconnectClient();
+    ASSERT_TRUE(sim.connectClient());
+    EXPECT_TRUE(sim.initialise("{second}"));
+    EXPECT_EQ(sim.process().state(), QProcess::Running);
+}
+
+TEST_F(Gateway, ExitsWhenLeftWithoutClientsIfConfiguredTo)
+{
+    SimProcess& sim = startSim(R"({"idleExitMs": 50})");
+    ASSERT_TRUE(sim.initialise());
+    sim.disconnectClient();
+    ASSERT_TRUE(sim.waitForExit());
+    EXPECT_EQ(sim.process().exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(sim.process().exitCode(), 0);
+    EXPECT_TRUE(sim.log().contains(QLatin1String("client 0: disconnected")));
+}
+
+TEST_F(Gateway, KeepsStreamConnectionsOpen)
+{
+    SimProcess& sim = startSim();
+    ASSERT_TRUE(sim.initialise());
+    QLocalSocket stream;
+    stream.connectToServer(sim.streamServerName());
+    ASSERT_TRUE(stream.waitForConnected(5000));
+    vms_sdk_proto::LiveVideoConnReq request;
+    request.mutable_channel_id()->set_dev_id("cam-1");
+    stream.write(FrameCodec::encode(LiveVideoConnReq,
+                                    QByteArray::fromStdString(request.SerializeAsString())));
+    stream.flush();
+    ASSERT_TRUE(
+        vms_test::waitFor([&] { return sim.log().contains(QLatin1String("stream 0: <-")); }));
+    EXPECT_EQ(stream.state(), QLocalSocket::ConnectedState);
+}
+
+TEST_F(Gateway, RejectsBadArgumentsWithUsage)
+{
+    const QList<QStringList> rows = {
+        {},
+        {QStringLiteral("vms_dgw.exe_0"), QStringLiteral("server")},
+        {QStringLiteral("vms_dgw.exe_0"), QStringLiteral("s"), QStringLiteral("s_stream"),
+         QStringLiteral("extra")},
+        {QStringLiteral("vms_dgw.exe_0"), QString(), QStringLiteral("s_stream")},
+    };
+    for (const QStringList& arguments : rows) {
+        SimProcess sim;
+        ASSERT_TRUE(sim.start(arguments));
+        ASSERT_TRUE(sim.waitForExit());
+        EXPECT_EQ(sim.process().exitStatus(), QProcess::NormalExit)
+            << arguments.join(' ').toStdString();
+        EXPECT_NE(sim.process().exitCode(), 0) << arguments.join(' ').toStdString();
+        EXPECT_TRUE(sim.log().contains(QLatin1String("usage: vms_dgw_sim <processName>")))
+            << sim.log().toStdString();
+    }
+}
+
+TEST_F(Gateway, RejectsBadConfigFilesSayingWhatIsWrong)
+{
+    struct Row
+    {
+        const char* name;
+        QByteArray config;
+        const char* message;
+    };
+    const Row rows[] = {
+        {"not JSON", "{\"devices\": [", "is not valid JSON"},
+        {"not an object", "[]", "the top level must be a JSON object"},
+        {"devices not an array", R"({"devices": {}})", "devices: expected an array"},
+        {"device without id", R"({"devices": [{"ip": "10.0.0.1"}]})", "devices[0].id: missing"},
+        {"port of the wrong type", R"({"devices": [{"id": "a", "port": "80"}]})",
+         "devices[0].port: expected an integer"},
+        {"negative port", R"({"devices": [{"id": "a", "port": -1}]})", "devices[0].port: -1"},
+        {"duplicate device", R"({"devices": [{"id": "a"}, {"id": "a"}]})",
+         "devices[1].id: \"a\" appears twice"},
+        {"duplicate channel",
+         R"({"devices": [{"id": "a", "channels": [{"index": 2}, {"index": 2}]}]})",
+         "devices[0].channels[1].index: 2 appears twice"},
+        {"misspelt key", R"({"pushes": [{"type": "alarm", "everyMS": 10}]})",
+         "pushes[0].everyMS: unknown key"},
+        {"unknown push", R"({"pushes": [{"type": "alrm"}]})",
+         "pushes[0].type: unknown push \"alrm\""},
+        {"push for a missing device", R"({"pushes": [{"type": "devInfo", "devId": "nope"}]})",
+         "pushes[0].devId: no device \"nope\""},
+        {"count without period", R"({"pushes": [{"type": "alarm", "count": 3}]})",
+         "pushes[0].count: needs everyMs"},
+        {"bad base64", R"({"pushes": [{"type": "tlv", "devId": "cam-1", "tlvData": "%%"}]})",
+         "pushes[0].tlvData: expected base64 text"},
+        {"unknown device state", R"({"unknownDevices": "maybe"})",
+         "unknownDevices: expected online or offline"},
+        {"refusal without code", R"({"faults": {"refuseInit": {}}})",
+         "faults.refuseInit.code: must be a non-zero error code"},
+        {"ignored type out of range", R"({"faults": {"ignoreTypes": [6, 300]}})",
+         "faults.ignoreTypes: expected message type numbers"},
+    };
+    for (const Row& row : rows) {
+        SimProcess sim(row.config);
+        ASSERT_TRUE(sim.start());
+        ASSERT_TRUE(sim.waitForExit()) << row.name;
+        EXPECT_NE(sim.process().exitCode(), 0) << row.name;
+        EXPECT_TRUE(sim.log().contains(QLatin1String(row.message)))
+            << row.name << ": " << sim.log().toStdString();
+    }
+}
+
+TEST_F(Gateway, RejectsAConfigFileThatDoesNotExist)
+{
+    SimProcess sim;
+    QProcessEnvironment environment = sim.process().processEnvironment();
+    environment.insert(QStringLiteral("VMS_DGW_SIM_CONFIG"),
+                       vms_test::tempDir() + QStringLiteral("/missing.json"));
+    sim.process().setProcessEnvironment(environment);
+    ASSERT_TRUE(sim.start());
+    ASSERT_TRUE(sim.waitForExit());
+    EXPECT_NE(sim.process().exitCode(), 0);
+    EXPECT_TRUE(sim.log().contains(QLatin1String("cannot read config file")))
+        << sim.log().toStdString();
+}
+
+TEST_F(Gateway, IgnoresTheConfiguredMessageTypes)
+{
+    SimProcess& sim = startSim(R"({"faults": {"ignoreTypes": [6]}})");
+    ASSERT_TRUE(sim.initialise());
+    sim.send(SearchDevsCmd, QByteArray());
+    sim.send(BroadcastSearchDevsCmd, QByteArray());
+    EXPECT_EQ(typesOf(sim.takeUntil(BroadcastSearchedDevsPush)),
+              QList<int>{BroadcastSearchedDevsPush});
+}
+
+TEST_F(Gateway, DelaysAnswersAndKeepsTheirOrder)
+{
+    SimProcess& sim = startSim(R"({"faults": {"answerDelayMs": 300}})");
+    ASSERT_TRUE(sim.connectClient());
+    QElapsedTimer clock;
+    clock.start();
+    ASSERT_TRUE(sim.initialise());
+    EXPECT_GE(clock.elapsed(), 300);
+
+    sim.send(SearchDevsCmd, QByteArray());
+    sim.send(BroadcastSearchDevsCmd, QByteArray());
+    EXPECT_EQ(typesOf(sim.takeUntil(BroadcastSearchedDevsPush)),
+              (QList<int>{SearchedDevsPush, BroadcastSearchedDevsPush}));
+}
+
+TEST_F(Gateway, ClosesTheConnectionAfterTheConfiguredMessageAndStaysUp)
+{
+    // Hello, init and the search: the third message is answered, then the line goes down.
+    SimProcess& sim = startSim(R"({"faults": {"closeAfterMessages": 3}})");
+    ASSERT_TRUE(sim.initialise());
+    sim.send(SearchDevsCmd, QByteArray());
+    EXPECT_EQ(typesOf(sim.takeUntil(SearchedDevsPush)), QList<int>{SearchedDevsPush});
+    ASSERT_TRUE(sim.waitForDisconnected());
+
+    ASSERT_TRUE(sim.connectClient());
+    EXPECT_TRUE(sim.initialise("{after-close}"));
+}
+
+TEST_F(Gateway, CrashesAfterTheConfiguredMessage)
+{
+    SimProcess& sim = startSim(R"({"faults": {"crashAfterMessages": 2}})");
+    ASSERT_TRUE(sim.connectClient());
+    sim.send(ClientHelloCmd, QByteArray());
+    vms_sdk_proto::InitDgwReq init;
+    init.set_request_id("{crash}");
+    sim.send(InitDgwReq, init);
+    ASSERT_TRUE(sim.waitForExit());
+    EXPECT_EQ(sim.process().exitStatus(), QProcess::CrashExit);
+    EXPECT_TRUE(sim.waitForDisconnected());
+}

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// SPDX-FileCopyrightText: the vms_client_sdk developers
+#include "handler.h"
+
+namespace vms_dgw_sim {
+
+QList<HandlerRow> allHandlers()
+{
+    return gatewayHandlers() + deviceManagementHandlers();
+}
+
+} // namespace vms_dgw_sim

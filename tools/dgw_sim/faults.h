@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// SPDX-FileCopyrightText: the vms_client_sdk developers
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QSet>
+#include <QString>
+
+#include <optional>
+
+namespace vms_dgw_sim {
+
+// A request that the gateway turns down with an error answer instead of handling it.
+struct Refusal
+{
+    int requestType = 0;
+    int answerType = 0;
+    qint32 code = 0;
+    QString message;
+};
+
+struct FaultConfig
+{
+    QList<Refusal> refusals;
+    int answerDelayMs = 0;
+    QSet<int> ignoredTypes;
+    // Counted over every message the process receives, on any connection; 0 disables.
+    int closeAfterMessages = 0;
+    int crashAfterMessages = 0;
+};
+
+// Misbehaviour on purpose, so that the library's failure paths can be driven end to end.
+//
+// The dispatch layer asks admit() about every received message before any handler sees it,
+// which keeps the handlers free of fault logic: a handler never knows whether its answer is
+// delayed, whether the connection closes after it or whether the process dies. Faults that
+// change the bytes of an answer belong here too, applied where the connection writes.
+class Faults
+{
+public:
+    enum class Then { Nothing, Close, Crash };
+
+    struct Verdict
+    {
+        bool ignore = false;
+        std::optional<Refusal> refusal;
+        // What happens once the message has been dealt with and its answers are written.
+        Then then = Then::Nothing;
+    };
+
+    explicit Faults(FaultConfig config);
+
+    Verdict admit(int type);
+    int answerDelayMs() const { return m_config.answerDelayMs; }
+
+    // The error answer to a refused request: a Response carrying the request's own id. Every
+    // answer message starts with the error and the request id as fields 1 and 2, so these
+    // bytes read correctly as any of them.
+    static QByteArray refusalAnswer(const Refusal& refusal, const QByteArray& request);
+
+private:
+    FaultConfig m_config;
+    int m_received = 0;
+};
+
+} // namespace vms_dgw_sim
