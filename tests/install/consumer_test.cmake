@@ -15,7 +15,7 @@ function(run)
 endfunction()
 
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
-foreach(path include/vms_sdk/vms_client_sdk.h lib/cmake/VmsClientSdk/VmsClientSdkConfig.cmake
+foreach(path include/vms_sdk/vms_client_sdk.h bin/vms_dgw_sim lib/cmake/VmsClientSdk/VmsClientSdkConfig.cmake
         lib/cmake/VmsClientSdk/VmsClientSdkConfigVersion.cmake)
     if(NOT EXISTS ${prefix}/${path})
         message(FATAL_ERROR "not installed: ${path}")
@@ -26,8 +26,8 @@ run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples/consumer -B ${WORK_DIR}/consumer
     -DCMAKE_PREFIX_PATH=${prefix})
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/consumer)
 set(ENV{XDG_DATA_HOME} ${WORK_DIR}/data)
-run(${WORK_DIR}/consumer/vms_consumer)
-if(NOT output MATCHES "release vms client sdk")
+run(${WORK_DIR}/consumer/vms_consumer ${prefix}/bin/vms_dgw_sim)
+if(NOT output MATCHES "gateway ready" OR NOT output MATCHES "release vms client sdk")
     message(FATAL_ERROR "the example application did not log its release:\n${output}")
 endif()
 message(STATUS "${output}")
