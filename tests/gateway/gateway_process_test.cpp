@@ -10,6 +10,7 @@
 #include "vms_kit/vms_kit.h"
 #include "vms_sdk/client/message_signals.h"
 #include "vms_sdk/gateway/multi_dgw_mgr.h"
+#include "vms_sdk/gateway/start_dgw_thread.h"
 
 #include "vms_message.pb.h"
 
@@ -205,6 +206,33 @@ TEST_F(GatewayProcessTest, RefusedInitialisationAndAMissingProgramAreReported)
     ASSERT_TRUE(vms_test::waitFor([&] { return abnormal.count() == 2; }));
     EXPECT_EQ(abnormal[1][0].value<DgwAbnormal>(), DgwAbnormalInitFailed);
     EXPECT_EQ(success.count(), 0);
+}
+
+TEST(StartDgwThread, ReportsWhetherTheSystemStartedTheProgram)
+{
+    // A simulator without clients that goes away at once.
+    const QString config = vms_test::tempDir() + QStringLiteral("/idle.json");
+    QFile file(config);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(R"({"idleExitMs": 1})");
+    file.close();
+    qputenv("VMS_DGW_SIM_CONFIG", config.toUtf8());
+    struct Row
+    {
+        QString program;
+        bool started;
+    };
+    for (const Row& row : {Row{QStringLiteral(VMS_DGW_SIM_PATH), true},
+                           Row{QStringLiteral("/nonexistent/vms_dgw"), false}}) {
+        StartDgwThread thread(row.program,
+                              {QStringLiteral("vms_dgw.exe_0"), QStringLiteral("start-thread-test"),
+                               QStringLiteral("start-thread-test_stream")});
+        QSignalSpy result(&thread, &StartDgwThread::signalStartResult);
+        thread.start();
+        ASSERT_TRUE(result.wait(5000)) << row.program.toStdString();
+        EXPECT_EQ(result[0][0].toBool(), row.started) << row.program.toStdString();
+        thread.wait();
+    }
 }
 
 } // namespace
