@@ -22,8 +22,8 @@ struct VMS_CLIENT_SDK_EXPORT AlarmInfo
 {
     Q_GADGET
     Q_PROPERTY(QString alarmId MEMBER alarmId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
-    Q_PROPERTY(ChannelId triggerChannelId MEMBER triggerChannelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId triggerChannelId MEMBER triggerChannelId)
     Q_PROPERTY(QString triggerName MEMBER triggerName)
     Q_PROPERTY(QString alarmTime MEMBER alarmTime)
     Q_PROPERTY(QList<QByteArray> attachments MEMBER attachments)
@@ -51,7 +51,7 @@ struct VMS_CLIENT_SDK_EXPORT GetAlarmRecordsCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QString alarmType MEMBER alarmType)
     Q_PROPERTY(int orderType MEMBER orderType)
     Q_PROPERTY(QDateTime startTime MEMBER startTime)
@@ -74,7 +74,7 @@ struct VMS_CLIENT_SDK_EXPORT CancelAlarmCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QString alarmSource MEMBER alarmSource)
 public:
     QString requestId{};
@@ -87,7 +87,7 @@ struct VMS_CLIENT_SDK_EXPORT TriggerAlarmLinkCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QString status MEMBER status)
 public:
     QString requestId{};
@@ -125,7 +125,7 @@ struct VMS_CLIENT_SDK_EXPORT GetRegionTemperatureRecordsCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(int orderType MEMBER orderType)
     Q_PROPERTY(int dataType MEMBER dataType)
     Q_PROPERTY(QDateTime startTime MEMBER startTime)
@@ -166,7 +166,7 @@ struct VMS_CLIENT_SDK_EXPORT GetTriggeredEventsCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QDateTime startTime MEMBER startTime)
     Q_PROPERTY(QDateTime endTime MEMBER endTime)
 public:
@@ -200,7 +200,7 @@ struct VMS_CLIENT_SDK_EXPORT GetEventRecordsCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QDateTime startTime MEMBER startTime)
     Q_PROPERTY(QDateTime endTime MEMBER endTime)
     Q_PROPERTY(bool mergeTimeEnable MEMBER mergeTimeEnable)

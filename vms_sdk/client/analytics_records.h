@@ -22,7 +22,7 @@ struct VMS_CLIENT_SDK_EXPORT GetCustomersCntCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QDateTime startTime MEMBER startTime)
     Q_PROPERTY(QDateTime endTime MEMBER endTime)
     Q_PROPERTY(int countType MEMBER countType)
@@ -70,7 +70,7 @@ struct VMS_CLIENT_SDK_EXPORT GetCustomersRegionAttentionCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QDateTime startTime MEMBER startTime)
     Q_PROPERTY(QDateTime endTime MEMBER endTime)
     Q_PROPERTY(int countType MEMBER countType)
@@ -106,7 +106,7 @@ struct VMS_CLIENT_SDK_EXPORT GetCutomersHeatMapCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QDateTime startTime MEMBER startTime)
     Q_PROPERTY(QDateTime endTime MEMBER endTime)
 public:
@@ -136,7 +136,7 @@ struct VMS_CLIENT_SDK_EXPORT GetCustomerGroupCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QString package MEMBER package)
     Q_PROPERTY(QDateTime startTime MEMBER startTime)
     Q_PROPERTY(QDateTime endTime MEMBER endTime)
@@ -181,7 +181,7 @@ struct VMS_CLIENT_SDK_EXPORT GetLicensePlateRecRecordsCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QDateTime startTime MEMBER startTime)
     Q_PROPERTY(QDateTime endTime MEMBER endTime)
     Q_PROPERTY(QString plateNo MEMBER plateNo)
@@ -239,7 +239,7 @@ struct VMS_CLIENT_SDK_EXPORT CtrlParkingLockCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QString package MEMBER package)
     Q_PROPERTY(QString lockId MEMBER lockId)
     Q_PROPERTY(int status MEMBER status)

@@ -62,7 +62,7 @@ struct VMS_CLIENT_SDK_EXPORT ChannelCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
 public:
     QString requestId{};
     ChannelId channelId{};
@@ -89,7 +89,7 @@ struct VMS_CLIENT_SDK_EXPORT AiChannelCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QString package MEMBER package)
 public:
     QString requestId{};

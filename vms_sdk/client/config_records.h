@@ -187,7 +187,7 @@ struct VMS_CLIENT_SDK_EXPORT SetOSDCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QString osd MEMBER osd)
 public:
     QString requestId{};

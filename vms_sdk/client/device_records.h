@@ -131,7 +131,7 @@ struct VMS_CLIENT_SDK_EXPORT DevInfoFromDgw
     Q_PROPERTY(int status MEMBER status)
     Q_PROPERTY(QString devCode MEMBER devCode)
     Q_PROPERTY(int p2pStatus MEMBER p2pStatus)
-    Q_PROPERTY(AiAbilityMap abilityDetails MEMBER abilityDetails)
+    Q_PROPERTY(QMap<int, vms_sdk::AiAbilityInfo> abilityDetails MEMBER abilityDetails)
 public:
     QString id{};
     QString sn{};
@@ -153,7 +153,7 @@ public:
 struct VMS_CLIENT_SDK_EXPORT DevChannelInfo
 {
     Q_GADGET
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QString osd MEMBER osd)
     Q_PROPERTY(unsigned int devType MEMBER devType)
     Q_PROPERTY(int status MEMBER status)
@@ -164,7 +164,7 @@ struct VMS_CLIENT_SDK_EXPORT DevChannelInfo
     Q_PROPERTY(QString password MEMBER password)
     Q_PROPERTY(int protocol MEMBER protocol)
     Q_PROPERTY(int remoteChannelIndex MEMBER remoteChannelIndex)
-    Q_PROPERTY(AiAbilityMap abilityDetails MEMBER abilityDetails)
+    Q_PROPERTY(QMap<int, vms_sdk::AiAbilityInfo> abilityDetails MEMBER abilityDetails)
 public:
     ChannelId channelId{};
     QString osd{}; // the text shown over the picture
@@ -233,7 +233,7 @@ struct VMS_CLIENT_SDK_EXPORT ActivateCondition
     Q_PROPERTY(QStringList devsSn MEMBER devsSn)
     Q_PROPERTY(QString account MEMBER account)
     Q_PROPERTY(QString password MEMBER password)
-    Q_PROPERTY(QList<SecretInfo> secrets MEMBER secrets)
+    Q_PROPERTY(QList<vms_sdk::SecretInfo> secrets MEMBER secrets)
     Q_PROPERTY(int pwdLevel MEMBER pwdLevel)
 public:
     QStringList devsSn{};
@@ -263,7 +263,7 @@ struct VMS_CLIENT_SDK_EXPORT ResetDevPwdCondition
     Q_PROPERTY(QString devSn MEMBER devSn)
     Q_PROPERTY(QString account MEMBER account)
     Q_PROPERTY(QString password MEMBER password)
-    Q_PROPERTY(QList<SecretInfo> secrets MEMBER secrets)
+    Q_PROPERTY(QList<vms_sdk::SecretInfo> secrets MEMBER secrets)
 public:
     QString devSn{};
     QString account{};

@@ -57,7 +57,7 @@ struct VMS_CLIENT_SDK_EXPORT ModifyFaceCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QString serialNum MEMBER serialNum)
     Q_PROPERTY(QString name MEMBER name)
     Q_PROPERTY(QStringList organizations MEMBER organizations)
@@ -110,7 +110,7 @@ struct VMS_CLIENT_SDK_EXPORT GetFacesCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(unsigned int pageNum MEMBER pageNum)
     Q_PROPERTY(unsigned int pageSize MEMBER pageSize)
     Q_PROPERTY(unsigned int libraryId MEMBER libraryId)
@@ -143,7 +143,7 @@ struct VMS_CLIENT_SDK_EXPORT DelFaceCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(int index MEMBER index)
 public:
     QString requestId{};
@@ -168,9 +168,9 @@ struct VMS_CLIENT_SDK_EXPORT DelFacesCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QString package MEMBER package)
-    Q_PROPERTY(QList<FaceItem> items MEMBER items)
+    Q_PROPERTY(QList<vms_sdk::FaceItem> items MEMBER items)
 public:
     QString requestId{};
     ChannelId channelId{};
@@ -219,7 +219,7 @@ struct VMS_CLIENT_SDK_EXPORT GetFaceDetectRecordsCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(unsigned int pageNum MEMBER pageNum)
     Q_PROPERTY(unsigned int pageSize MEMBER pageSize)
     Q_PROPERTY(QString beginTime MEMBER beginTime)
@@ -238,7 +238,7 @@ public:
 struct VMS_CLIENT_SDK_EXPORT FaceCountInfo
 {
     Q_GADGET
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(unsigned int faceCount MEMBER faceCount)
     Q_PROPERTY(unsigned int abnormalTemperatureCount MEMBER abnormalTemperatureCount)
     Q_PROPERTY(unsigned int withoutMaskCount MEMBER withoutMaskCount)
@@ -270,9 +270,9 @@ struct VMS_CLIENT_SDK_EXPORT AddFaceGroupsCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QString package MEMBER package)
-    Q_PROPERTY(QList<FaceGroupInfo> groups MEMBER groups)
+    Q_PROPERTY(QList<vms_sdk::FaceGroupInfo> groups MEMBER groups)
 public:
     QString requestId{};
     ChannelId channelId{};
@@ -285,9 +285,9 @@ struct VMS_CLIENT_SDK_EXPORT EditFaceGroupsCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QString package MEMBER package)
-    Q_PROPERTY(QList<FaceGroupInfo> groups MEMBER groups)
+    Q_PROPERTY(QList<vms_sdk::FaceGroupInfo> groups MEMBER groups)
 public:
     QString requestId{};
     ChannelId channelId{};
@@ -300,7 +300,7 @@ struct VMS_CLIENT_SDK_EXPORT DeleteFaceGroupsCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QString package MEMBER package)
     Q_PROPERTY(QList<int> groupIds MEMBER groupIds)
 public:
@@ -367,7 +367,7 @@ struct VMS_CLIENT_SDK_EXPORT GetFaceRecRecordsCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QString package MEMBER package)
     Q_PROPERTY(bool captureRecords MEMBER captureRecords)
     Q_PROPERTY(QDateTime startTime MEMBER startTime)

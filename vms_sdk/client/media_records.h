@@ -40,7 +40,7 @@ struct VMS_CLIENT_SDK_EXPORT RecsSearchCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(int recordType MEMBER recordType)
     Q_PROPERTY(int recordSrc MEMBER recordSrc)
     Q_PROPERTY(QString beginTime MEMBER beginTime)
@@ -59,7 +59,7 @@ struct VMS_CLIENT_SDK_EXPORT GetRtspUrlCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(int streamType MEMBER streamType)
 public:
     QString requestId{};
@@ -73,7 +73,7 @@ struct VMS_CLIENT_SDK_EXPORT GetCalendarMaskCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QDate startDate MEMBER startDate)
     Q_PROPERTY(QDate endDate MEMBER endDate)
 public:
@@ -88,7 +88,7 @@ public:
 struct VMS_CLIENT_SDK_EXPORT LiveVideoConnCondition
 {
     Q_GADGET
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(int streamType MEMBER streamType)
 public:
     ChannelId channelId{};
@@ -99,7 +99,7 @@ public:
 struct VMS_CLIENT_SDK_EXPORT PlaybackByFileCondition
 {
     Q_GADGET
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QString fileName MEMBER fileName)
     Q_PROPERTY(int recordSrc MEMBER recordSrc)
     Q_PROPERTY(int download MEMBER download)
@@ -114,7 +114,7 @@ public:
 struct VMS_CLIENT_SDK_EXPORT PlaybackByTimeCondition
 {
     Q_GADGET
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QDateTime startTime MEMBER startTime)
     Q_PROPERTY(int recordSrc MEMBER recordSrc)
     Q_PROPERTY(int download MEMBER download)
@@ -131,7 +131,7 @@ struct VMS_CLIENT_SDK_EXPORT TalkOperCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(int operation MEMBER operation)
 public:
     QString requestId{};
@@ -145,7 +145,7 @@ struct VMS_CLIENT_SDK_EXPORT SpeakOperCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(int operation MEMBER operation)
 public:
     QString requestId{};
@@ -158,7 +158,7 @@ struct VMS_CLIENT_SDK_EXPORT GetSnapImageCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QString path MEMBER path)
 public:
     QString requestId{};

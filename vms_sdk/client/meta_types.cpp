@@ -5,6 +5,7 @@
 #include <vms_sdk/vms_client_sdk.h>
 
 #include "vms_protocol/message_type.h"
+#include "vms_sdk/client/record_types.h"
 
 namespace vms_sdk {
 
@@ -80,6 +81,7 @@ void registerResultMetaTypes()
     qRegisterMetaType<FaceLibraryImportProgress>("FaceLibraryImportProgress");
     qRegisterMetaType<QList<QDate>>();
     qRegisterMetaType<QPair<QString, int>>();
+    registerRecordMetaTypes();
 }
 
 void registerRequestMetaTypes()
@@ -160,6 +162,32 @@ void registerRequestMetaTypes()
     qRegisterMetaType<StreamId>("vms_sdk::StreamId");
     qRegisterMetaType<StreamSettingMap>("vms_sdk::StreamSettingMap");
     qRegisterMetaType<QList<ChannelId>>();
+    registerRecordMetaTypes();
+}
+
+void registerRecordMetaTypes()
+{
+#define VMS_REGISTER_RECORD(Name)                                                                  \
+    qRegisterMetaType<Name>();                                                                     \
+    qRegisterMetaType<QList<Name>>();
+    VMS_RECORD_TYPES(VMS_REGISTER_RECORD)
+#undef VMS_REGISTER_RECORD
+    qRegisterMetaType<DevStatus>();
+    qRegisterMetaType<ConnStatus>();
+    qRegisterMetaType<DgwAbnormal>();
+    qRegisterMetaType<StreamEvent>();
+    qRegisterMetaType<TalkEvent>();
+    qRegisterMetaType<PTZOperation>();
+    qRegisterMetaType<PTZAction>();
+    qRegisterMetaType<PresetOper>();
+    qRegisterMetaType<PatrolOper>();
+    qRegisterMetaType<PatrolPresetOper>();
+    qRegisterMetaType<PlaybackCtrl>();
+    qRegisterMetaType<QList<int>>();
+    qRegisterMetaType<QList<QDate>>();
+    qRegisterMetaType<AiAbilityMap>();
+    qRegisterMetaType<StreamSettingMap>();
+    qRegisterMetaType<EventMap>();
 }
 
 } // namespace vms_sdk

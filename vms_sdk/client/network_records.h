@@ -104,7 +104,7 @@ struct VMS_CLIENT_SDK_EXPORT SetDevPlatformCondition
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
     Q_PROPERTY(QString devId MEMBER devId)
-    Q_PROPERTY(DevPlatformInfo platformInfo MEMBER platformInfo)
+    Q_PROPERTY(vms_sdk::DevPlatformInfo platformInfo MEMBER platformInfo)
 public:
     QString requestId{};
     QString devId{};
@@ -135,7 +135,7 @@ struct VMS_CLIENT_SDK_EXPORT SetDevPlatform_kvrCondition
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
     Q_PROPERTY(QString devId MEMBER devId)
-    Q_PROPERTY(DevPlatformInfo_kvr platformInfo MEMBER platformInfo)
+    Q_PROPERTY(vms_sdk::DevPlatformInfo_kvr platformInfo MEMBER platformInfo)
 public:
     QString requestId{};
     QString devId{};

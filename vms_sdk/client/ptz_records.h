@@ -20,9 +20,9 @@ struct VMS_CLIENT_SDK_EXPORT PTZCtrlCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
-    Q_PROPERTY(PTZOperation operation MEMBER operation)
-    Q_PROPERTY(PTZAction action MEMBER action)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::PTZOperation operation MEMBER operation)
+    Q_PROPERTY(vms_sdk::PTZAction action MEMBER action)
     Q_PROPERTY(int speed MEMBER speed)
     Q_PROPERTY(unsigned int duration MEMBER duration)
 public:
@@ -40,7 +40,7 @@ struct VMS_CLIENT_SDK_EXPORT PTZAutoMoveCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(int speed MEMBER speed)
 public:
     QString requestId{};
@@ -54,7 +54,7 @@ struct VMS_CLIENT_SDK_EXPORT PTZ3dLocateCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(int x MEMBER x)
     Q_PROPERTY(int y MEMBER y)
     Q_PROPERTY(int w MEMBER w)
@@ -113,10 +113,10 @@ struct VMS_CLIENT_SDK_EXPORT PresetOperCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(unsigned int presetNum MEMBER presetNum)
     Q_PROPERTY(QString presetName MEMBER presetName)
-    Q_PROPERTY(PresetOper operation MEMBER operation)
+    Q_PROPERTY(vms_sdk::PresetOper operation MEMBER operation)
 public:
     QString requestId{};
     ChannelId channelId{};
@@ -130,7 +130,7 @@ public:
 struct VMS_CLIENT_SDK_EXPORT PatrolPresetInfo
 {
     Q_GADGET
-    Q_PROPERTY(PresetInfo preset MEMBER preset)
+    Q_PROPERTY(vms_sdk::PresetInfo preset MEMBER preset)
     Q_PROPERTY(unsigned int stayTime MEMBER stayTime)
     Q_PROPERTY(unsigned int speed MEMBER speed)
 public:
@@ -144,7 +144,7 @@ struct VMS_CLIENT_SDK_EXPORT PatrolInfo
 {
     Q_GADGET
     Q_PROPERTY(int patrolIndex MEMBER patrolIndex)
-    Q_PROPERTY(QList<PatrolPresetInfo> patrolPresets MEMBER patrolPresets)
+    Q_PROPERTY(QList<vms_sdk::PatrolPresetInfo> patrolPresets MEMBER patrolPresets)
     Q_PROPERTY(int status MEMBER status)
     Q_PROPERTY(int mode MEMBER mode)
 public:
@@ -161,10 +161,10 @@ struct VMS_CLIENT_SDK_EXPORT PatrolOperCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(int patrolIndex MEMBER patrolIndex)
     Q_PROPERTY(int speed MEMBER speed)
-    Q_PROPERTY(PatrolOper operation MEMBER operation)
+    Q_PROPERTY(vms_sdk::PatrolOper operation MEMBER operation)
 public:
     QString requestId{};
     ChannelId channelId{};
@@ -178,11 +178,11 @@ struct VMS_CLIENT_SDK_EXPORT PatrolPresetOperCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(int patrolIndex MEMBER patrolIndex)
     Q_PROPERTY(int stayTime MEMBER stayTime)
     Q_PROPERTY(unsigned int presetNum MEMBER presetNum)
-    Q_PROPERTY(PatrolPresetOper operation MEMBER operation)
+    Q_PROPERTY(vms_sdk::PatrolPresetOper operation MEMBER operation)
 public:
     QString requestId{};
     ChannelId channelId{};
@@ -210,9 +210,9 @@ struct VMS_CLIENT_SDK_EXPORT SetPatrolPresetsCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(int patrolIndex MEMBER patrolIndex)
-    Q_PROPERTY(QList<PatrolPresetItem> presets MEMBER presets)
+    Q_PROPERTY(QList<vms_sdk::PatrolPresetItem> presets MEMBER presets)
 public:
     QString requestId{};
     ChannelId channelId{};
@@ -226,7 +226,7 @@ struct VMS_CLIENT_SDK_EXPORT AddBulletTagPointCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(int x MEMBER x)
     Q_PROPERTY(int y MEMBER y)
 public:
@@ -261,7 +261,7 @@ struct VMS_CLIENT_SDK_EXPORT CalibrateBulletDomeCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(QString mode MEMBER mode)
 public:
     QString requestId{};
@@ -286,7 +286,7 @@ struct VMS_CLIENT_SDK_EXPORT ManualTrackCondition
 {
     Q_GADGET
     Q_PROPERTY(QString requestId MEMBER requestId)
-    Q_PROPERTY(ChannelId channelId MEMBER channelId)
+    Q_PROPERTY(vms_sdk::ChannelId channelId MEMBER channelId)
     Q_PROPERTY(int x MEMBER x)
     Q_PROPERTY(int y MEMBER y)
     Q_PROPERTY(int w MEMBER w)

@@ -2,12 +2,14 @@
 // SPDX-FileCopyrightText: the vms_client_sdk developers
 #include "vms_sdk/client/record_json.h"
 
+#include "vms_sdk/client/meta_types.h"
 #include "vms_sdk/client/record_types.h"
 
 #include <QDate>
 #include <QDateTime>
 #include <QHash>
 #include <QMetaProperty>
+#include <QStringList>
 #include <QTime>
 
 #include <cstring>
@@ -74,12 +76,12 @@ void addIntMap(QHash<int, ContainerOps>& ops)
 const QHash<int, ContainerOps>& containers()
 {
     static const QHash<int, ContainerOps> ops = [] {
+        registerRecordMetaTypes();
         QHash<int, ContainerOps> all;
 #define VMS_ADD_RECORD_LIST(Name) addList<Name>(all);
         VMS_RECORD_TYPES(VMS_ADD_RECORD_LIST)
 #undef VMS_ADD_RECORD_LIST
         addList<int>(all);
-        addList<QString>(all);
         addList<QByteArray>(all);
         addList<QDate>(all);
         addList<EventList>(all);
@@ -183,6 +185,8 @@ QJsonValue variantToJson(const QVariant& value)
         return value.toString();
     case QMetaType::QByteArray:
         return QString::fromLatin1(value.toByteArray().toBase64());
+    case QMetaType::QStringList:
+        return QJsonArray::fromStringList(value.toStringList());
     case QMetaType::QDate:
         return value.toDate().toString(Qt::ISODate);
     case QMetaType::QTime:
@@ -225,6 +229,16 @@ bool variantFromJson(const QJsonValue& json, int typeId, QVariant* value)
     case QMetaType::QByteArray:
         *value = QByteArray::fromBase64(json.toString().toLatin1());
         return json.isString();
+    case QMetaType::QStringList: {
+        QStringList list;
+        bool ok = json.isArray();
+        for (const QJsonValue& element : json.toArray()) {
+            ok = ok && element.isString();
+            list.append(element.toString());
+        }
+        *value = list;
+        return ok;
+    }
     case QMetaType::QDate: {
         const QString text = json.toString();
         *value = QDate::fromString(text, Qt::ISODate);
@@ -260,6 +274,7 @@ bool variantFromJson(const QJsonValue& json, int typeId, QVariant* value)
 
 QJsonObject gadgetToJson(const QMetaObject& metaObject, const void* gadget)
 {
+    containers(); // registers the property types too
     QJsonObject json;
     for (int i = metaObject.propertyOffset(); i < metaObject.propertyCount(); ++i) {
         const QMetaProperty property = metaObject.property(i);
@@ -271,6 +286,7 @@ QJsonObject gadgetToJson(const QMetaObject& metaObject, const void* gadget)
 
 bool gadgetFromJson(const QJsonObject& json, const QMetaObject& metaObject, void* gadget)
 {
+    containers(); // registers the property types too
     bool ok = true;
     for (int i = metaObject.propertyOffset(); i < metaObject.propertyCount(); ++i) {
         const QMetaProperty property = metaObject.property(i);
