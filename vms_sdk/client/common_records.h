@@ -8,7 +8,9 @@
 //
 // Every public record is an aggregate and a Qt gadget with one property per field (see
 // device_records.h); every field has an initialiser, which keeps designated initialisation free
-// of missing-initialiser warnings.
+// of missing-initialiser warnings. A property whose type is a record, a list or an enumeration
+// spells the type with its namespace: Qt finds a property's type by that name, and the
+// qualified names are the ones registered.
 
 #include "vms_sdk_global.h"
 

@@ -31,8 +31,7 @@ public:
     PTZOperation operation = PTZOperationUp;
     PTZAction action = PTZActionStart;
     int speed = 0;
-    unsigned int duration =
-        0; // milliseconds before the device stops by itself; 0 until told to stop
+    unsigned int duration = 0; // ms until the device stops by itself; 0: until told to stop
     bool operator==(const PTZCtrlCondition&) const = default;
 };
 
