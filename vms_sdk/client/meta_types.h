@@ -10,4 +10,10 @@ namespace vms_sdk {
 void registerResultMetaTypes();
 void registerRequestMetaTypes();
 
+// Every record, enumeration, list and map under its own qualified name ("vms_sdk::PresetInfo",
+// "QList<vms_sdk::PresetInfo>"): Qt finds the type of a record's property by the name the
+// property spells, so a record cannot be read through its properties before this ran. Both
+// functions above end with it; anything else reading records generically calls it first.
+void registerRecordMetaTypes();
+
 } // namespace vms_sdk

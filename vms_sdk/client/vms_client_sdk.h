@@ -6,9 +6,17 @@
 // The library's whole public interface. Every function returns at once; answers, failures
 // and events arrive as signals of vms_sdk::ClientSignals.
 
+#include "alarm_records.h"
+#include "analytics_records.h"
 #include "client_actions.h"
 #include "client_signals.h"
+#include "common_records.h"
+#include "config_records.h"
 #include "device_records.h"
+#include "face_records.h"
+#include "media_records.h"
+#include "network_records.h"
+#include "ptz_records.h"
 #include "vms_sdk_global.h"
 #include "vms_types.h"
 

@@ -6,6 +6,7 @@
 
 #include "vms_sdk/client/message_signals.h"
 #include "vms_sdk/client/sdk_log.h"
+#include "vms_sdk/request/conversions/device_conversions.h"
 
 #include "vms_message.pb.h"
 
@@ -30,48 +31,12 @@ QByteArray serialized(const google::protobuf::MessageLite& message)
     return QByteArray::fromStdString(message.SerializeAsString());
 }
 
-// TODO(merge): replaced by the device conversions once the records land.
-void toWire(const DevInfo& dev, vms_sdk_proto::DevInfo& wire)
-{
-    wire.set_id(dev.id.toStdString());
-    wire.set_name(dev.name.toStdString());
-    wire.set_sn(dev.sn.toStdString());
-    wire.set_attr_4(dev.devType);
-    wire.set_ip(dev.ip.toStdString());
-    wire.set_attr_6(dev.port);
-    wire.set_user(dev.user.toStdString());
-    wire.set_password(dev.password.toStdString());
-    wire.set_version(dev.version.toStdString());
-    wire.set_series_name(dev.seriesName.toStdString());
-    wire.set_attr_11(dev.protocol);
-    wire.set_attr_12(dev.status);
-    wire.set_attr_13(dev.channelCount);
-    wire.set_attr_14(dev.activateStatus);
-    wire.set_attr_15(dev.dhcpEnabled);
-    wire.set_attr_16(dev.httpPort);
-    wire.set_attr_17(dev.rtspPort);
-    wire.set_attr_18(dev.loginMode);
-}
-
-void toWire(const InitDgwCondition& condition, vms_sdk_proto::InitDgwReq& wire)
-{
-    wire.set_ak(condition.ak.toStdString());
-    wire.set_sk(condition.sk.toStdString());
-    wire.set_ck(condition.ck.toStdString());
-    wire.set_csk(condition.csk.toStdString());
-    wire.set_attr_6(condition.serviceEnabled);
-    wire.set_url(condition.url.toStdString());
-    wire.set_attr_8(condition.serviceType);
-    wire.set_saas_server(condition.saasServer.toStdString());
-    wire.set_saas_cer(condition.saasCer.toStdString());
-}
-
 template<typename Command>
 QByteArray devicesCommand(const QList<DevInfo>& devs)
 {
     Command command;
     for (const DevInfo& dev : devs)
-        toWire(dev, *command.add_devs());
+        *command.add_devs() = conversion::toWire(dev);
     return serialized(command);
 }
 
@@ -196,7 +161,7 @@ void MultiDgwMgr::onConnectStatus(MessageSocket* gateway, ConnStatus status)
     case ConnStatusConnected: {
         vms_sdk_proto::InitDgwReq request;
         request.set_request_id(QUuid::createUuid().toString().toStdString());
-        toWire(m_condition, request);
+        conversion::fillWire(m_condition, request);
         gateway->sendMessage(InitDgwReq, serialized(request));
         log::info(QStringLiteral("init dgw req"));
         break;
