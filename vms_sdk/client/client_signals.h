@@ -106,8 +106,9 @@ Q_SIGNALS:
     // Answers both set_osd_req and modify_dev_name_req.
     void signalDevConfigRes(const vms_sdk::Response& response);
     void signalAddFaceRes(const vms_sdk::Response& response);
+    // totalCount: the faces in the library; count: the faces in this answer.
     void signalGetFacesRes(const vms_sdk::Response& response, const QList<vms_sdk::FaceInfo>& faces,
-                           unsigned int pageNum, unsigned int totalCount);
+                           unsigned int totalCount, unsigned int count);
     void signalDelFaceRes(const vms_sdk::Response& response);
     void signalGetFaceDetectRecordsRes(const vms_sdk::Response& response,
                                        const QList<vms_sdk::FaceDetectRecordInfo>& records,

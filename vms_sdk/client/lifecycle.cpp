@@ -6,7 +6,7 @@
 #include "vms_sdk/client/message_signals.h"
 #include "vms_sdk/client/sdk_log.h"
 #include "vms_sdk/gateway/multi_dgw_mgr.h"
-#include "vms_sdk/request/request_mgr.h"
+#include "vms_sdk/request/message_hamal.h"
 
 #include <QStandardPaths>
 
@@ -26,8 +26,8 @@ void init_vms_client_sdk()
         vms_kit::init_vms_log(path, QStringLiteral("vms_client_log"));
         MessageSignals::instance();
         ClientSignals::instance();
-        // The registry's timers and renewals belong to this thread.
-        RequestMgr::instance();
+        // The dispatcher, its registry and their timers belong to this thread.
+        MessageHamal::instance();
         MultiDgwMgr::instance();
     }
     initialised = true;

@@ -2,6 +2,8 @@
 // SPDX-FileCopyrightText: the vms_client_sdk developers
 #pragma once
 
+#include <vms_sdk/vms_client_sdk.h>
+
 #include <QMap>
 #include <QMutex>
 #include <QMutexLocker>
@@ -98,14 +100,11 @@ private:
 
 // The process's store, one line per kind. Only the customers count is forgotten when its
 // request times out; the other kinds outlive the time-out on purpose, so that a later page
-// request or a late answer still finds its condition. The kinds are:
-//   StoredCondition<GetCustomersCntCondition, OnTimeout::Drop>,
-//   StoredCondition<GetCustomersRegionAttentionCondition>,
-//   StoredCondition<GetAlarmRecordsCondition>,
-//   StoredCondition<GetEventRecordsCondition>,
-//   StoredCondition<GetCalendarMaskCondition>,
-//   StoredCondition<GetCustomerGroupCondition>
-// and each joins the list below as soon as its record exists.
-using RequestData = ConditionStore<>;
+// request or a late answer still finds its condition.
+using RequestData = ConditionStore<
+    StoredCondition<GetCustomersCntCondition, OnTimeout::Drop>,
+    StoredCondition<GetCustomersRegionAttentionCondition>,
+    StoredCondition<GetAlarmRecordsCondition>, StoredCondition<GetEventRecordsCondition>,
+    StoredCondition<GetCalendarMaskCondition>, StoredCondition<GetCustomerGroupCondition>>;
 
 } // namespace vms_sdk

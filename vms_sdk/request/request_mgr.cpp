@@ -6,6 +6,7 @@
 
 #include "vms_sdk/client/message_signals.h"
 #include "vms_sdk/client/sdk_log.h"
+#include "vms_sdk/request/message_hamal.h"
 
 #include <QMutexLocker>
 
@@ -33,8 +34,7 @@ RequestMgr::~RequestMgr()
 
 RequestMgr* RequestMgr::instance()
 {
-    static RequestMgr* const registry = new RequestMgr;
-    return registry;
+    return MessageHamal::instance()->requestMgr();
 }
 
 void RequestMgr::setTimeoutInterval(int ms)

@@ -30,11 +30,7 @@ public:
     explicit RequestMgr(QObject* parent = nullptr, int timeoutMs = DefaultTimeoutMs);
     ~RequestMgr() override;
 
-    // The registry the exported request-value functions reach. Until the dispatcher is there
-    // to own it, it is made here on first use, and init_vms_client_sdk makes that first use
-    // happen on the library's thread. Once MessageHamal exists it creates the registry as
-    // its child in its constructor, and this becomes `return
-    // MessageHamal::instance()->requestMgr();`: callers do not change.
+    // The dispatcher's registry, which the exported request-value functions reach.
     static RequestMgr* instance();
 
     // Applies to requests registered from now on; the outstanding ones keep their interval.
