@@ -94,8 +94,16 @@ bool DeviceModel::up(const SimDevice& device) const
 SimDevice* DeviceModel::target(const QString& devId)
 {
     const auto managed = m_managed.constFind(devId);
-    return const_cast<SimDevice*>(managed != m_managed.constEnd() ? backing(*managed)
-                                                                  : simulated(devId));
+    const SimDevice* found = managed != m_managed.constEnd() ? backing(*managed) : simulated(devId);
+    if (!found)
+        return nullptr;
+    // Found through the const side, which never detaches the list: the factory copy shares
+    // it, so the device to change is looked up again on the side that does.
+    for (SimDevice& device : m_devices) {
+        if (device.id == found->id)
+            return &device;
+    }
+    return nullptr;
 }
 
 Outcome DeviceModel::reach(const QString& devId, SimDevice** device)
