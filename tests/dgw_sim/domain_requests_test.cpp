@@ -560,22 +560,3 @@ TEST_F(DomainRequests, MalformedAnswerTypesCarryBytesThatDoNotParse)
     sim.send(GetPatrolsReq, presets);
     EXPECT_EQ(sim.take<vms_sdk_proto::GetPatrolRes>(GetPatrolRes).request_id(), "{presets}");
 }
-
-TEST_F(DomainRequests, FaultsStillComeFirst)
-{
-    // An ignored request is never answered, a refused one only with the refusal: the handlers
-    // do not see them.
-    SimProcess& sim = startSim(domainNetwork.left(domainNetwork.lastIndexOf('}')) +
-                               R"(, "faults": {"ignoreTypes": [20]}})");
-    ASSERT_TRUE(sim.initialise());
-    vms_sdk_proto::DevNetGetReq net;
-    net.set_request_id("{ignored}");
-    net.set_dev_id("cam-1");
-    sim.send(DevNetGetReq, net);
-    vms_sdk_proto::DeviceReq kvr;
-    kvr.set_request_id("{kvr}");
-    kvr.set_dev_id("cam-1");
-    sim.send(DevPlatform_kvrGetReq, kvr);
-    const QList<Frame> frames = sim.takeUntil(DevPlatform_kvrGetRes);
-    EXPECT_EQ(typesOf(frames), QList<int>{DevPlatform_kvrGetRes});
-}

@@ -183,14 +183,13 @@ void common(Session& session, const QByteArray& payload)
     message.set_request_id(request.request_id());
     message.set_res_json(documentText(answer).toStdString());
     session.send(CommonRes, serialized(message));
-    session.log(
-        QStringLiteral("method \"%1\" on %2: error code %3")
-            .arg(answer.value(QStringLiteral("method")).toString(),
-                 channelName(request.channel_id().dev_id(), request.channel_id().channel_index()))
-            .arg(answer.value(QStringLiteral("error"))
-                     .toObject()
-                     .value(QStringLiteral("errorcode"))
-                     .toInt()));
+    session.log(QStringLiteral("method \"%1\" on %2: error code %3")
+                    .arg(answer.value(QStringLiteral("method")).toString(),
+                         channelName(request.channel_id()))
+                    .arg(answer.value(QStringLiteral("error"))
+                             .toObject()
+                             .value(QStringLiteral("errorcode"))
+                             .toInt()));
 }
 
 } // namespace

@@ -76,9 +76,7 @@ void addFace(Session& session, const QByteArray& payload)
         channel->faces.append(face);
     }
     answer(session, AddFaceRes, message, outcome,
-           QStringLiteral("add face %1 to %2")
-               .arg(serial, channelName(request.channel_id().dev_id(),
-                                        request.channel_id().channel_index())));
+           QStringLiteral("add face %1 to %2").arg(serial, channelName(request.channel_id())));
 }
 
 void getFaces(Session& session, const QByteArray& payload)
@@ -121,14 +119,13 @@ void getFaces(Session& session, const QByteArray& payload)
         }
         message.set_attr_4(quint32(matching.size()));
     }
-    answer(
-        session, GetFacesRes, message, outcome,
-        QStringLiteral("faces of %1, page %2 of size %3 (%4 of %5)")
-            .arg(channelName(request.channel_id().dev_id(), request.channel_id().channel_index()))
-            .arg(request.attr_3())
-            .arg(request.attr_4())
-            .arg(message.faces_size())
-            .arg(message.attr_4()));
+    answer(session, GetFacesRes, message, outcome,
+           QStringLiteral("faces of %1, page %2 of size %3 (%4 of %5)")
+               .arg(channelName(request.channel_id()))
+               .arg(request.attr_3())
+               .arg(request.attr_4())
+               .arg(message.faces_size())
+               .arg(message.attr_4()));
 }
 
 void deleteFace(Session& session, const QByteArray& payload)
@@ -147,9 +144,7 @@ void deleteFace(Session& session, const QByteArray& payload)
         outcome = {NotFound, QStringLiteral("no face %1").arg(index)};
     answer(
         session, DelFaceRes, message, outcome,
-        QStringLiteral("delete face %1 of %2")
-            .arg(index)
-            .arg(channelName(request.channel_id().dev_id(), request.channel_id().channel_index())));
+        QStringLiteral("delete face %1 of %2").arg(index).arg(channelName(request.channel_id())));
 }
 
 // The record of detection slot `slot` (its time divided by the spacing). Everything in it
@@ -203,13 +198,12 @@ void getFaceDetectRecords(Session& session, const QByteArray& payload)
         }
         message.set_attr_4(quint32(qMin<qint64>(total, std::numeric_limits<quint32>::max())));
     }
-    answer(
-        session, GetFaceDetectRecordsRes, message, outcome,
-        QStringLiteral("face records of %1 from %2 to %3 (%4 of %5)")
-            .arg(channelName(request.channel_id().dev_id(), request.channel_id().channel_index()),
-                 text(request.begin_time()), text(request.end_time()))
-            .arg(message.records_size())
-            .arg(message.attr_4()));
+    answer(session, GetFaceDetectRecordsRes, message, outcome,
+           QStringLiteral("face records of %1 from %2 to %3 (%4 of %5)")
+               .arg(channelName(request.channel_id()), text(request.begin_time()),
+                    text(request.end_time()))
+               .arg(message.records_size())
+               .arg(message.attr_4()));
 }
 
 void clearFaceCount(Session& session, const QByteArray& payload)

@@ -120,9 +120,11 @@ void answer(Session& session, int type, Answer& message, const Outcome& outcome,
             : QStringLiteral("%1: error %2, %3").arg(what).arg(outcome.code).arg(outcome.message));
 }
 
-inline QString channelName(const std::string& devId, quint32 index)
+// "cam-1/2": a ChannelId for the log.
+template<typename ChannelId>
+QString channelName(const ChannelId& id)
 {
-    return QStringLiteral("%1/%2").arg(text(devId)).arg(index);
+    return QStringLiteral("%1/%2").arg(text(id.dev_id())).arg(id.channel_index());
 }
 
 } // namespace vms_dgw_sim

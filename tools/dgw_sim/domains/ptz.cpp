@@ -34,8 +34,7 @@ Outcome reachCamera(DeviceModel& model, const vms_sdk_proto::ChannelId& id, SimC
     SimDevice* device = nullptr;
     const Outcome outcome = model.reach(id, &device, channel);
     if (outcome.ok() && !(*channel)->online)
-        return {DeviceOffline, QStringLiteral("channel %1 is offline")
-                                   .arg(channelName(id.dev_id(), id.channel_index()))};
+        return {DeviceOffline, QStringLiteral("channel %1 is offline").arg(channelName(id))};
     return outcome;
 }
 
@@ -78,12 +77,11 @@ void ptzControl(Session& session, const QByteArray& payload)
     message.set_action(request.attr_4());
     SimChannel* channel = nullptr;
     const Outcome outcome = reachCamera(session.model(), request.channel_id(), &channel);
-    answer(
-        session, PTZCtrlRes, message, outcome,
-        QStringLiteral("ptz operation %1 action %2 on %3")
-            .arg(request.attr_3())
-            .arg(request.attr_4())
-            .arg(channelName(request.channel_id().dev_id(), request.channel_id().channel_index())));
+    answer(session, PTZCtrlRes, message, outcome,
+           QStringLiteral("ptz operation %1 action %2 on %3")
+               .arg(request.attr_3())
+               .arg(request.attr_4())
+               .arg(channelName(request.channel_id())));
 }
 
 void getPresets(Session& session, const QByteArray& payload)
@@ -103,11 +101,10 @@ void getPresets(Session& session, const QByteArray& payload)
             info->set_preset_name(utf8(preset.name));
         }
     }
-    answer(
-        session, GetPresetRes, message, outcome,
-        QStringLiteral("presets of %1 (%2)")
-            .arg(channelName(request.channel_id().dev_id(), request.channel_id().channel_index()))
-            .arg(message.presets_size()));
+    answer(session, GetPresetRes, message, outcome,
+           QStringLiteral("presets of %1 (%2)")
+               .arg(channelName(request.channel_id()))
+               .arg(message.presets_size()));
 }
 
 Outcome operatePreset(SimChannel* channel, const vms_sdk_proto::PresetOperReq& request)
@@ -156,12 +153,11 @@ void presetOperation(Session& session, const QByteArray& payload)
     Outcome outcome = reachCamera(session.model(), request.channel_id(), &channel);
     if (outcome.ok())
         outcome = operatePreset(channel, request);
-    answer(
-        session, PresetOperRes, message, outcome,
-        QStringLiteral("preset operation %1 on preset %2 of %3")
-            .arg(request.attr_5())
-            .arg(request.attr_3())
-            .arg(channelName(request.channel_id().dev_id(), request.channel_id().channel_index())));
+    answer(session, PresetOperRes, message, outcome,
+           QStringLiteral("preset operation %1 on preset %2 of %3")
+               .arg(request.attr_5())
+               .arg(request.attr_3())
+               .arg(channelName(request.channel_id())));
 }
 
 void getPatrols(Session& session, const QByteArray& payload)
@@ -190,11 +186,10 @@ void getPatrols(Session& session, const QByteArray& payload)
             }
         }
     }
-    answer(
-        session, GetPatrolRes, message, outcome,
-        QStringLiteral("patrols of %1 (%2)")
-            .arg(channelName(request.channel_id().dev_id(), request.channel_id().channel_index()))
-            .arg(message.patrols_size()));
+    answer(session, GetPatrolRes, message, outcome,
+           QStringLiteral("patrols of %1 (%2)")
+               .arg(channelName(request.channel_id()))
+               .arg(message.patrols_size()));
 }
 
 Outcome operatePatrol(SimChannel* channel, const vms_sdk_proto::PatrolOperReq& request)
@@ -238,12 +233,11 @@ void patrolOperation(Session& session, const QByteArray& payload)
     Outcome outcome = reachCamera(session.model(), request.channel_id(), &channel);
     if (outcome.ok())
         outcome = operatePatrol(channel, request);
-    answer(
-        session, PatrolOperRes, message, outcome,
-        QStringLiteral("patrol operation %1 on patrol %2 of %3")
-            .arg(request.attr_5())
-            .arg(request.attr_3())
-            .arg(channelName(request.channel_id().dev_id(), request.channel_id().channel_index())));
+    answer(session, PatrolOperRes, message, outcome,
+           QStringLiteral("patrol operation %1 on patrol %2 of %3")
+               .arg(request.attr_5())
+               .arg(request.attr_3())
+               .arg(channelName(request.channel_id())));
 }
 
 Outcome operatePatrolPreset(SimChannel* channel, const vms_sdk_proto::PatrolPresetOperReq& request)
@@ -297,13 +291,12 @@ void patrolPresetOperation(Session& session, const QByteArray& payload)
     Outcome outcome = reachCamera(session.model(), request.channel_id(), &channel);
     if (outcome.ok())
         outcome = operatePatrolPreset(channel, request);
-    answer(
-        session, PatrolPresetOperRes, message, outcome,
-        QStringLiteral("patrol preset operation %1 on patrol %2, preset %3 of %4")
-            .arg(request.attr_6())
-            .arg(request.attr_3())
-            .arg(request.attr_5())
-            .arg(channelName(request.channel_id().dev_id(), request.channel_id().channel_index())));
+    answer(session, PatrolPresetOperRes, message, outcome,
+           QStringLiteral("patrol preset operation %1 on patrol %2, preset %3 of %4")
+               .arg(request.attr_6())
+               .arg(request.attr_3())
+               .arg(request.attr_5())
+               .arg(channelName(request.channel_id())));
 }
 
 void setPatrolPresets(Session& session, const QByteArray& payload)
@@ -332,12 +325,11 @@ void setPatrolPresets(Session& session, const QByteArray& payload)
             channel->patrols.append(Patrol{request.attr_3(), stops, 0, false});
         }
     }
-    answer(
-        session, SetPatrolPresetsRes, message, outcome,
-        QStringLiteral("set %1 stops of patrol %2 of %3")
-            .arg(request.presets_size())
-            .arg(request.attr_3())
-            .arg(channelName(request.channel_id().dev_id(), request.channel_id().channel_index())));
+    answer(session, SetPatrolPresetsRes, message, outcome,
+           QStringLiteral("set %1 stops of patrol %2 of %3")
+               .arg(request.presets_size())
+               .arg(request.attr_3())
+               .arg(channelName(request.channel_id())));
 }
 
 void setOsd(Session& session, const QByteArray& payload)
@@ -352,11 +344,9 @@ void setOsd(Session& session, const QByteArray& payload)
     const Outcome outcome = session.model().reach(request.channel_id(), &device, &channel);
     if (outcome.ok())
         channel->osd = text(request.osd());
-    answer(
-        session, DevConfigRes, message, outcome,
-        QStringLiteral("osd of %1 set to \"%2\"")
-            .arg(channelName(request.channel_id().dev_id(), request.channel_id().channel_index()),
-                 text(request.osd())));
+    answer(session, DevConfigRes, message, outcome,
+           QStringLiteral("osd of %1 set to \"%2\"")
+               .arg(channelName(request.channel_id()), text(request.osd())));
 }
 
 void modifyName(Session& session, const QByteArray& payload)

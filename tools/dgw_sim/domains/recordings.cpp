@@ -58,12 +58,11 @@ void searchRecordings(Session& session, const QByteArray& payload)
         }
         message.set_attr_3(start >= end);
     }
-    answer(
-        session, SearchVideoRecordingsRes, message, outcome,
-        QStringLiteral("recordings of %1 from %2 to %3 (%4)")
-            .arg(channelName(request.channel_id().dev_id(), request.channel_id().channel_index()),
-                 text(request.begin_time()), text(request.end_time()))
-            .arg(message.recordings_size()));
+    answer(session, SearchVideoRecordingsRes, message, outcome,
+           QStringLiteral("recordings of %1 from %2 to %3 (%4)")
+               .arg(channelName(request.channel_id()), text(request.begin_time()),
+                    text(request.end_time()))
+               .arg(message.recordings_size()));
 }
 
 QString streamName(qint32 streamType)
@@ -94,11 +93,9 @@ void rtspUrl(Session& session, const QByteArray& payload)
                                       .arg(channel->index)
                                       .arg(streamName(request.attr_3()))));
     }
-    answer(
-        session, GetRtspUrlRes, message, outcome,
-        QStringLiteral("rtsp url of %1: %2")
-            .arg(channelName(request.channel_id().dev_id(), request.channel_id().channel_index()),
-                 text(message.rtsp_url())));
+    answer(session, GetRtspUrlRes, message, outcome,
+           QStringLiteral("rtsp url of %1: %2")
+               .arg(channelName(request.channel_id()), text(message.rtsp_url())));
 }
 
 } // namespace

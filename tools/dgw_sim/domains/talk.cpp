@@ -74,8 +74,7 @@ void handle(Session& session, const QByteArray& payload, const AudioKind& kind)
     TalkEvent event = Stopped;
     if (outcome.ok())
         outcome = operate(channel, kind, request.attr_3(), &event);
-    const QString where =
-        channelName(request.channel_id().dev_id(), request.channel_id().channel_index());
+    const QString where = channelName(request.channel_id());
     answer(session, kind.answerType, message, outcome,
            QStringLiteral("%1 operation %2 on %3")
                .arg(QLatin1String(kind.name))
