@@ -149,6 +149,8 @@ void DeviceModel::restoreFactory(SimDevice* device, bool keepNetwork)
         const SimDevice before = *device;
         *device = factory;
         device->runtime = before.runtime;
+        // A reset forgets settings, not the firmware an upgrade installed.
+        device->version = before.version;
         if (keepNetwork) {
             device->ip = before.ip;
             device->subnetMask = before.subnetMask;
