@@ -71,7 +71,9 @@ QByteArray Faults::malformedPayload()
 {
     // Field 1 announced as length-delimited with 16 bytes to follow, and only two do: every
     // message class stops there, whatever its fields. (An unknown field would merely be kept.)
-    return QByteArray("\x0a\x10" "ab", 4);
+    return QByteArray("\x0a\x10"
+                      "ab",
+                      4);
 }
 
 } // namespace vms_dgw_sim
