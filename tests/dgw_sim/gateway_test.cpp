@@ -173,6 +173,21 @@ TEST_F(Gateway, RejectsBadConfigFilesSayingWhatIsWrong)
          "faults.refuseInit.code: must be a non-zero error code"},
         {"ignored type out of range", R"({"faults": {"ignoreTypes": [6, 300]}})",
          "faults.ignoreTypes: expected message type numbers"},
+        {"malformed type out of range", R"({"faults": {"malformedTypes": [0]}})",
+         "faults.malformedTypes: expected message type numbers"},
+        {"preset twice",
+         R"({"devices": [{"id": "a", "channels": [{"presets": [{"number": 1}, {"number": 1}]}]}]})",
+         "devices[0].channels[0].presets[1].number: 1 appears twice"},
+        {"patrol at a missing preset",
+         R"({"devices": [{"id": "a", "channels": [{"patrols": [{"stops": [{"preset": 4}]}]}]}]})",
+         "devices[0].channels[0].patrols[0].stops[0].preset: 4 is not a preset of the channel"},
+        {"face without serial number",
+         R"({"devices": [{"id": "a", "channels": [{"faces": [{"name": "Ann"}]}]}]})",
+         "devices[0].channels[0].faces[0].serialNum: missing"},
+        {"misspelt platform key", R"({"devices": [{"id": "a", "platform": {"adress": "x"}}]})",
+         "devices[0].platform.adress: unknown key"},
+        {"recordings of no length", R"({"devices": [{"id": "a", "recordingMinutes": 0}]})",
+         "devices[0].recordingMinutes: 0 is outside 1..1440"},
     };
     for (const Row& row : rows) {
         SimProcess sim(row.config);

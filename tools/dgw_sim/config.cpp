@@ -7,6 +7,7 @@
 #include "vms_protocol/message_type.h"
 
 #include <QFile>
+#include <QHostAddress>
 #include <QJsonDocument>
 #include <QSet>
 
@@ -14,16 +15,37 @@ namespace vms_dgw_sim {
 namespace {
 
 // A small network that makes the gateway useful with no config at all: two cameras and a
-// recorder with four cameras behind it, with a few AI abilities to show.
+// recorder with four cameras behind it, with a few AI abilities, a face library, presets and
+// a patrol to show, and a firmware upgrade on offer.
 constexpr char defaultDevices[] = R"({"devices": [
   {"id": "cam-1", "name": "Entrance", "sn": "SIM-IPC-20230001", "ip": "192.168.1.64",
    "version": "V5.7.3 build 230512", "seriesName": "IPC-B2", "devCode": "B2-4MP", "devType": 1,
+   "upgradeVersion": "V5.8.0 build 240110",
+   "secretQuestions": [{"question": "Name of your first school?", "answer": "Hillside"}],
    "abilities": [{"id": 1, "package": "face_detect", "name": "Face detection", "version": 2,
-                  "state": 1, "enabled": true}]},
+                  "state": 1, "enabled": true}],
+   "channels": [
+     {"index": 1, "osd": "Entrance",
+      "abilities": [{"id": 1, "package": "face_detect", "name": "Face detection", "version": 2,
+                     "state": 1, "enabled": true}],
+      "faces": [
+        {"serialNum": "EMP-0001", "name": "Ada Moss", "gender": 2, "age": 34,
+         "organizations": ["Head office", "Reception", "Receptionist"]},
+        {"serialNum": "EMP-0002", "name": "Ben Ortiz", "gender": 1, "age": 41,
+         "organizations": ["Head office", "Facilities", "Caretaker"]}]}]},
   {"id": "cam-2", "name": "Lobby", "sn": "SIM-IPC-20230002", "ip": "192.168.1.65",
    "version": "V5.7.3 build 230512", "seriesName": "IPC-D4", "devCode": "D4-PTZ", "devType": 1,
    "abilities": [{"id": 3, "package": "people_count", "name": "People counting", "version": 1,
-                  "state": 1, "enabled": true}]},
+                  "state": 1, "enabled": true}],
+   "channels": [
+     {"index": 1, "osd": "Lobby",
+      "abilities": [{"id": 3, "package": "people_count", "name": "People counting",
+                     "version": 1, "state": 1, "enabled": true}],
+      "presets": [{"number": 1, "name": "Door"}, {"number": 2, "name": "Desk"},
+                  {"number": 3, "name": "Lifts"}],
+      "patrols": [{"index": 1, "stops": [{"preset": 1, "stayTime": 10},
+                                         {"preset": 2, "stayTime": 10},
+                                         {"preset": 3, "stayTime": 20}]}]}]},
   {"id": "nvr-1", "name": "Recorder", "sn": "SIM-NVR-20230001", "ip": "192.168.1.100",
    "version": "V4.1.0 build 221130", "seriesName": "NVR-8", "devCode": "NVR-8CH", "devType": 2,
    "channels": [
@@ -57,6 +79,134 @@ QList<Ability> readAbilities(JsonFields& owner)
     return abilities;
 }
 
+QList<Preset> readPresets(JsonFields& channel)
+{
+    QList<Preset> presets;
+    QSet<quint32> numbers;
+    for (JsonFields& fields : channel.objects(QStringLiteral("presets"))) {
+        Preset preset;
+        preset.number = quint32(fields.integer(QStringLiteral("number"), 0, 1, 65535));
+        if (!fields.has(QStringLiteral("number")))
+            fields.fail(QStringLiteral("number"), QStringLiteral("missing"));
+        preset.name =
+            fields.text(QStringLiteral("name"), QStringLiteral("Preset %1").arg(preset.number));
+        if (fields.ok() && numbers.contains(preset.number))
+            fields.fail(QStringLiteral("number"),
+                        QStringLiteral("%1 appears twice").arg(preset.number));
+        numbers.insert(preset.number);
+        fields.finish();
+        presets.append(preset);
+    }
+    return presets;
+}
+
+QList<Patrol> readPatrols(JsonFields& channel, const QList<Preset>& presets)
+{
+    QSet<quint32> known;
+    for (const Preset& preset : presets)
+        known.insert(preset.number);
+    QList<Patrol> patrols;
+    QSet<qint32> indexes;
+    for (JsonFields& fields : channel.objects(QStringLiteral("patrols"))) {
+        Patrol patrol;
+        patrol.index = fields.int32(QStringLiteral("index"), qint32(patrols.size() + 1));
+        patrol.mode = fields.int32(QStringLiteral("mode"));
+        for (JsonFields& stopFields : fields.objects(QStringLiteral("stops"))) {
+            PatrolStop stop;
+            stop.preset = stopFields.uint32(QStringLiteral("preset"));
+            stop.stayTime = stopFields.uint32(QStringLiteral("stayTime"), 5);
+            stop.speed = stopFields.uint32(QStringLiteral("speed"), 5);
+            if (stopFields.ok() && !known.contains(stop.preset))
+                stopFields.fail(
+                    QStringLiteral("preset"),
+                    QStringLiteral("%1 is not a preset of the channel").arg(stop.preset));
+            stopFields.finish();
+            patrol.stops.append(stop);
+        }
+        if (fields.ok() && indexes.contains(patrol.index))
+            fields.fail(QStringLiteral("index"),
+                        QStringLiteral("%1 appears twice").arg(patrol.index));
+        indexes.insert(patrol.index);
+        fields.finish();
+        patrols.append(patrol);
+    }
+    return patrols;
+}
+
+QList<Face> readFaces(JsonFields& channel)
+{
+    QList<Face> faces;
+    QSet<QString> serials;
+    for (JsonFields& fields : channel.objects(QStringLiteral("faces"))) {
+        Face face;
+        face.index = qint32(faces.size() + 1);
+        face.serialNum = fields.requiredText(QStringLiteral("serialNum"));
+        face.name = fields.text(QStringLiteral("name"));
+        face.organizations = fields.texts(QStringLiteral("organizations"));
+        face.gender = fields.int32(QStringLiteral("gender"));
+        face.age = fields.int32(QStringLiteral("age"));
+        face.libraryId = fields.int32(QStringLiteral("libraryId"));
+        face.faceType = fields.text(QStringLiteral("faceType"));
+        face.validTime = fields.text(QStringLiteral("validTime"));
+        face.invalidTime = fields.text(QStringLiteral("invalidTime"));
+        face.picture = fields.base64(QStringLiteral("picture"));
+        if (fields.ok() && serials.contains(face.serialNum))
+            fields.fail(QStringLiteral("serialNum"),
+                        QStringLiteral("\"%1\" appears twice").arg(face.serialNum));
+        serials.insert(face.serialNum);
+        fields.finish();
+        faces.append(face);
+    }
+    return faces;
+}
+
+// The router of a /24 network is at .1, which is where a device that was never told
+// otherwise sends its traffic.
+QString defaultGateway(const QString& ip)
+{
+    bool ok = false;
+    const quint32 address = QHostAddress(ip).toIPv4Address(&ok);
+    return ok ? QHostAddress((address & 0xFFFFFF00u) | 1u).toString() : QString();
+}
+
+void readNetwork(JsonFields& fields, SimDevice* device)
+{
+    device->subnetMask = fields.text(QStringLiteral("subnetMask"), device->subnetMask);
+    device->gateway = fields.text(QStringLiteral("gateway"), defaultGateway(device->ip));
+    device->dns = fields.text(QStringLiteral("dns"), device->gateway);
+    device->netMode = fields.int32(QStringLiteral("netMode"));
+    device->netCardIndex = fields.int32(QStringLiteral("netCardIndex"));
+
+    JsonFields platform = fields.object(QStringLiteral("platform"));
+    device->platform.enabled = platform.flag(QStringLiteral("enabled"));
+    device->platform.address = platform.text(QStringLiteral("address"));
+    device->platform.port = platform.int32(QStringLiteral("port"));
+    device->platform.protocolType = platform.int32(QStringLiteral("protocolType"));
+    platform.finish();
+
+    JsonFields kvr = fields.object(QStringLiteral("platformKvr"));
+    device->platformKvr.enabled = kvr.flag(QStringLiteral("enabled"));
+    device->platformKvr.onlineServerEnabled = kvr.flag(QStringLiteral("onlineServerEnabled"));
+    device->platformKvr.onlineServer = kvr.text(QStringLiteral("onlineServer"));
+    device->platformKvr.businessServerEnabled = kvr.flag(QStringLiteral("businessServerEnabled"));
+    device->platformKvr.businessServer = kvr.text(QStringLiteral("businessServer"));
+    kvr.finish();
+}
+
+void readUpkeep(JsonFields& fields, SimDevice* device)
+{
+    for (JsonFields& secret : fields.objects(QStringLiteral("secretQuestions"))) {
+        device->secretQuestions.append({secret.requiredText(QStringLiteral("question")),
+                                        secret.text(QStringLiteral("answer"))});
+        secret.finish();
+    }
+    device->upgradeVersion = fields.text(QStringLiteral("upgradeVersion"));
+    device->recordingMinutes =
+        int(fields.integer(QStringLiteral("recordingMinutes"), device->recordingMinutes, 1, 1440));
+    device->faceRecordMinutes = int(
+        fields.integer(QStringLiteral("faceRecordMinutes"), device->faceRecordMinutes, 1, 1440));
+}
+
 SimChannel readChannel(JsonFields& fields, quint32 defaultIndex, const SimDevice& device)
 {
     SimChannel channel;
@@ -73,6 +223,9 @@ SimChannel readChannel(JsonFields& fields, quint32 defaultIndex, const SimDevice
     channel.protocol = fields.int32(QStringLiteral("protocol"));
     channel.loginMode = fields.int32(QStringLiteral("loginMode"));
     channel.abilities = readAbilities(fields);
+    channel.presets = readPresets(fields);
+    channel.patrols = readPatrols(fields, channel.presets);
+    channel.faces = readFaces(fields);
     fields.finish();
     return channel;
 }
@@ -99,6 +252,8 @@ SimDevice readDevice(JsonFields& fields)
     device.loginMode = fields.int32(QStringLiteral("loginMode"));
     device.online = fields.flag(QStringLiteral("online"), true);
     device.abilities = readAbilities(fields);
+    readNetwork(fields, &device);
+    readUpkeep(fields, &device);
 
     if (fields.has(QStringLiteral("channels"))) {
         QSet<quint32> indexes;
@@ -139,6 +294,21 @@ QList<SimDevice> readDevices(JsonFields& root)
     return devices;
 }
 
+QSet<int> readTypes(JsonFields& fields, const QString& key)
+{
+    QSet<int> types;
+    const QJsonArray numbers = fields.array(key);
+    for (const QJsonValue& type : numbers) {
+        const double number = type.toDouble(-1);
+        if (!type.isDouble() || number < 1 || number > 127 || int(number) != number) {
+            fields.fail(key, QStringLiteral("expected message type numbers (1..127)"));
+            return {};
+        }
+        types.insert(int(number));
+    }
+    return types;
+}
+
 FaultConfig readFaults(JsonFields fields)
 {
     FaultConfig faults;
@@ -152,20 +322,12 @@ FaultConfig readFaults(JsonFields fields)
         refusal.finish();
     }
     faults.answerDelayMs = int(fields.integer(QStringLiteral("answerDelayMs"), 0, 0, 600000));
-    const QJsonArray ignored = fields.array(QStringLiteral("ignoreTypes"));
-    for (const QJsonValue& type : ignored) {
-        const double number = type.toDouble(-1);
-        if (!type.isDouble() || number < 1 || number > 127 || int(number) != number) {
-            fields.fail(QStringLiteral("ignoreTypes"),
-                        QStringLiteral("expected message type numbers (1..127)"));
-            break;
-        }
-        faults.ignoredTypes.insert(int(number));
-    }
+    faults.ignoredTypes = readTypes(fields, QStringLiteral("ignoreTypes"));
     faults.closeAfterMessages =
         int(fields.integer(QStringLiteral("closeAfterMessages"), 0, 0, 1000000000));
     faults.crashAfterMessages =
         int(fields.integer(QStringLiteral("crashAfterMessages"), 0, 0, 1000000000));
+    faults.malformedTypes = readTypes(fields, QStringLiteral("malformedTypes"));
     fields.finish();
     return faults;
 }
@@ -226,6 +388,11 @@ bool parseConfig(const QByteArray& json, SimConfig* config, QString* error)
         root.fail(QStringLiteral("unknownDevices"), QStringLiteral("expected online or offline"));
     config->unknownDevicesOnline = unknown == QLatin1String("online");
     config->idleExitMs = int(root.integer(QStringLiteral("idleExitMs"), 0, 0, 86400000));
+    config->rebootMs = int(root.integer(QStringLiteral("rebootMs"), config->rebootMs, 0, 3600000));
+    config->upgradeMs =
+        int(root.integer(QStringLiteral("upgradeMs"), config->upgradeMs, 0, 3600000));
+    config->fileTransferMs =
+        int(root.integer(QStringLiteral("fileTransferMs"), config->fileTransferMs, 0, 3600000));
     config->faults = readFaults(root.object(QStringLiteral("faults")));
     config->pushes = readPushes(root);
     if (!root.finish())

@@ -20,6 +20,11 @@ struct SimConfig
     bool unknownDevicesOnline = true;
     // Exit once no client has been connected for this long; 0: run until told to exit.
     int idleExitMs = 0;
+    // How long the device operations that take time last: a reboot until the device is back,
+    // a firmware upgrade until it is finished, a file transfer until it is complete.
+    int rebootMs = 3000;
+    int upgradeMs = 10000;
+    int fileTransferMs = 2000;
     QList<ScheduledPush> pushes;
     FaultConfig faults;
 };

@@ -55,8 +55,11 @@ void fillChannel(const QString& devId, const SimChannel& channel, bool deviceOnl
 
 DeviceModel::DeviceModel(QList<SimDevice> devices, bool unknownDevicesOnline)
     : m_devices(std::move(devices))
+    , m_factory(m_devices)
     , m_unknownDevicesOnline(unknownDevicesOnline)
-{}
+{
+    m_clock.start();
+}
 
 const SimDevice* DeviceModel::simulated(const QString& id) const
 {
@@ -65,6 +68,121 @@ const SimDevice* DeviceModel::simulated(const QString& id) const
             return &device;
     }
     return nullptr;
+}
+
+SimDevice* DeviceModel::bySerial(const QString& sn)
+{
+    if (sn.isEmpty())
+        return nullptr;
+    for (SimDevice& device : m_devices) {
+        if (device.sn == sn)
+            return &device;
+    }
+    return nullptr;
+}
+
+bool DeviceModel::rebooting(const SimDevice& device) const
+{
+    return device.runtime.rebootUntilMs > now();
+}
+
+bool DeviceModel::up(const SimDevice& device) const
+{
+    return device.online && !rebooting(device);
+}
+
+SimDevice* DeviceModel::target(const QString& devId)
+{
+    const auto managed = m_managed.constFind(devId);
+    const SimDevice* found = managed != m_managed.constEnd() ? backing(*managed) : simulated(devId);
+    if (!found)
+        return nullptr;
+    // Found through the const side, which never detaches the list: the factory copy shares
+    // it, so the device to change is looked up again on the side that does.
+    for (SimDevice& device : m_devices) {
+        if (device.id == found->id)
+            return &device;
+    }
+    return nullptr;
+}
+
+Outcome DeviceModel::reach(const QString& devId, SimDevice** device)
+{
+    *device = target(devId);
+    if (!*device) {
+        return {NoSuchDevice,
+                m_managed.contains(devId)
+                    ? QStringLiteral("device %1 has nothing simulated behind it").arg(devId)
+                    : QStringLiteral("no device %1").arg(devId)};
+    }
+    const auto managed = m_managed.constFind(devId);
+    const bool online =
+        managed != m_managed.constEnd() ? statusOf(*managed) == StatusOnline : up(**device);
+    if (!online)
+        return {DeviceOffline, QStringLiteral("device %1 is offline").arg(devId)};
+    return {};
+}
+
+Outcome DeviceModel::reach(const vms_sdk_proto::ChannelId& id, SimDevice** device,
+                           SimChannel** channel)
+{
+    *channel = nullptr;
+    const Outcome outcome = reach(fromUtf8(id.dev_id()), device);
+    if (!outcome.ok())
+        return outcome;
+    for (SimChannel& candidate : (*device)->channels) {
+        if (candidate.index == id.channel_index()) {
+            *channel = &candidate;
+            return {};
+        }
+    }
+    return {NoSuchChannel, QStringLiteral("device %1 has no channel %2")
+                               .arg(fromUtf8(id.dev_id()))
+                               .arg(id.channel_index())};
+}
+
+void DeviceModel::restoreFactory(SimDevice* device, bool keepNetwork)
+{
+    for (const SimDevice& factory : m_factory) {
+        if (factory.id != device->id)
+            continue;
+        const SimDevice before = *device;
+        *device = factory;
+        device->runtime = before.runtime;
+        // A reset forgets settings, not the firmware an upgrade installed.
+        device->version = before.version;
+        if (keepNetwork) {
+            device->ip = before.ip;
+            device->subnetMask = before.subnetMask;
+            device->gateway = before.gateway;
+            device->dns = before.dns;
+            device->dhcpEnabled = before.dhcpEnabled;
+            device->netMode = before.netMode;
+            device->netCardIndex = before.netCardIndex;
+            device->httpPort = before.httpPort;
+        }
+        addressChanged(*device, before.ip);
+        passwordChanged(*device);
+        return;
+    }
+}
+
+void DeviceModel::addressChanged(const SimDevice& device, const QString& oldIp)
+{
+    if (device.ip == oldIp)
+        return;
+    for (vms_sdk_proto::DevInfo& record : m_managed) {
+        if (fromUtf8(record.ip()) == oldIp)
+            record.set_ip(utf8(device.ip));
+    }
+}
+
+void DeviceModel::passwordChanged(const SimDevice& device)
+{
+    for (vms_sdk_proto::DevInfo& record : m_managed) {
+        if (backing(record) == &device)
+            record.set_password(utf8(device.password));
+    }
 }
 
 void DeviceModel::setManaged(const QList<vms_sdk_proto::DevInfo>& devices)
@@ -112,8 +230,8 @@ qint32 DeviceModel::statusOf(const vms_sdk_proto::DevInfo& managed) const
     const SimDevice* device = backing(managed);
     if (!device)
         return m_unknownDevicesOnline ? StatusOnline : StatusOffline;
-    const bool loggedIn = device->online && (device->password.isEmpty() ||
-                                             device->password == fromUtf8(managed.password()));
+    const bool loggedIn = up(*device) && (device->password.isEmpty() ||
+                                          device->password == fromUtf8(managed.password()));
     return loggedIn ? StatusOnline : StatusOffline;
 }
 
@@ -140,7 +258,7 @@ vms_sdk_proto::SearchedDevsPush DeviceModel::search(bool ranged) const
 {
     vms_sdk_proto::SearchedDevsPush push;
     for (const SimDevice& device : m_devices) {
-        if (device.online && (!ranged || inSearchRange(device.ip)))
+        if (up(device) && (!ranged || inSearchRange(device.ip)))
             *push.add_devs() = searchEntry(device);
     }
     return push;
@@ -159,7 +277,7 @@ vms_sdk_proto::DevInfo DeviceModel::searchEntry(const SimDevice& device) const
     entry.set_version(utf8(device.version));
     entry.set_series_name(utf8(device.seriesName));
     entry.set_attr_11(device.protocol);
-    entry.set_attr_12(device.online ? StatusOnline : StatusOffline);
+    entry.set_attr_12(up(device) ? StatusOnline : StatusOffline);
     entry.set_attr_13(quint32(device.channels.size()));
     entry.set_attr_14(device.activateStatus);
     entry.set_attr_15(device.dhcpEnabled);
@@ -215,7 +333,7 @@ vms_sdk_proto::DevChannelsInfoPush DeviceModel::channelsInfo(const QString& devI
     const SimDevice* device = managed != m_managed.end() ? backing(*managed) : simulated(devId);
     if (device) {
         const bool online =
-            managed != m_managed.end() ? statusOf(*managed) == StatusOnline : device->online;
+            managed != m_managed.end() ? statusOf(*managed) == StatusOnline : up(*device);
         for (const SimChannel& channel : device->channels)
             fillChannel(devId, channel, online, push.add_channels());
     } else if (managed != m_managed.end()) {

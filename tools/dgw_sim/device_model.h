@@ -2,11 +2,16 @@
 // SPDX-FileCopyrightText: the vms_client_sdk developers
 #pragma once
 
+#include "outcome.h"
+
 #include "vms_message.pb.h"
 
+#include <QByteArray>
+#include <QElapsedTimer>
 #include <QList>
 #include <QMap>
 #include <QString>
+#include <QStringList>
 
 namespace vms_dgw_sim {
 
@@ -19,6 +24,43 @@ struct Ability
     QString name;
     qint32 state = 0;
     bool enabled = false;
+};
+
+struct Preset
+{
+    quint32 number = 0;
+    QString name;
+};
+
+struct PatrolStop
+{
+    quint32 preset = 0;
+    quint32 stayTime = 0; // seconds
+    quint32 speed = 0;
+};
+
+struct Patrol
+{
+    qint32 index = 0;
+    QList<PatrolStop> stops;
+    qint32 mode = 0;
+    bool running = false;
+};
+
+// A person of a channel's face library.
+struct Face
+{
+    qint32 index = 0; // given by the library, unique in it
+    QString serialNum;
+    QString name;
+    QStringList organizations;
+    qint32 gender = 0;
+    qint32 age = 0;
+    qint32 libraryId = 0;
+    QString faceType;
+    QString validTime;
+    QString invalidTime;
+    QByteArray picture;
 };
 
 struct SimChannel
@@ -36,6 +78,36 @@ struct SimChannel
     qint32 protocol = 0;
     qint32 loginMode = 0;
     QList<Ability> abilities;
+    QList<Preset> presets;
+    QList<Patrol> patrols;
+    QList<Face> faces;
+    // Who is using the channel's audio line: one talk or one speak session at a time.
+    enum class Audio { Idle, Talk, Speak } audio = Audio::Idle;
+};
+
+struct SecretQuestion
+{
+    QString question;
+    QString answer;
+};
+
+// The management platform a device registers with.
+struct Platform
+{
+    bool enabled = false;
+    QString address;
+    qint32 port = 0;
+    qint32 protocolType = 0;
+};
+
+// The second kind of platform: a server to go online with and one for the business traffic.
+struct PlatformKvr
+{
+    bool enabled = false;
+    bool onlineServerEnabled = false;
+    QString onlineServer;
+    bool businessServerEnabled = false;
+    QString businessServer;
 };
 
 // A device that exists on the simulated network.
@@ -63,6 +135,32 @@ struct SimDevice
     bool online = true;
     QList<SimChannel> channels;
     QList<Ability> abilities;
+
+    QString subnetMask = QStringLiteral("255.255.255.0");
+    QString gateway;
+    QString dns;
+    qint32 netMode = 0;
+    qint32 netCardIndex = 0;
+    Platform platform;
+    PlatformKvr platformKvr;
+    QList<SecretQuestion> secretQuestions;
+    // The firmware the device's upgrade server offers; empty or the running one: none newer.
+    QString upgradeVersion;
+    // Length of the generated recording files and the spacing of generated face records.
+    int recordingMinutes = 60;
+    int faceRecordMinutes = 30;
+
+    // What happens to the device while the gateway runs; a factory reset leaves it alone.
+    struct Runtime
+    {
+        qint64 rebootUntilMs = 0; // on the model's clock; 0: not rebooting
+        qint64 upgradeStartMs = -1;
+        int upgradeRun = 0; // counts the upgrades, so a late timer knows whether it is its own
+        qint64 upgradeDurationMs = 0;
+        QString upgradeTarget;
+        bool upgradeFinished = false;
+        qint64 clockOffsetMs = 0; // the device's clock against the gateway's
+    } runtime;
 };
 
 // The devices of the simulated network and the state this gateway keeps about them: which
@@ -82,6 +180,28 @@ public:
 
     const QList<SimDevice>& devices() const { return m_devices; }
     const SimDevice* simulated(const QString& id) const;
+    SimDevice* bySerial(const QString& sn);
+
+    // Milliseconds since the gateway started: the clock of reboots and upgrades.
+    qint64 now() const { return m_clock.elapsed(); }
+    bool rebooting(const SimDevice& device) const;
+    // Plugged in and not rebooting.
+    bool up(const SimDevice& device) const;
+
+    // The simulated device behind an id a request names: a managed id, or a simulated
+    // device's own id when nothing is managed under it. Null when there is none.
+    SimDevice* target(const QString& devId);
+    // The same, for a request that needs the device to answer: fails when there is no such
+    // device or when the gateway cannot reach it right now.
+    Outcome reach(const QString& devId, SimDevice** device);
+    Outcome reach(const vms_sdk_proto::ChannelId& id, SimDevice** device, SimChannel** channel);
+
+    // Back to the config file's values; `keepNetwork` leaves the address settings as they are.
+    void restoreFactory(SimDevice* device, bool keepNetwork);
+    // The gateway changed a device's address or password itself, so it keeps logging in to it
+    // with the new ones: the managed records behind the device follow.
+    void addressChanged(const SimDevice& device, const QString& oldIp);
+    void passwordChanged(const SimDevice& device);
 
     const QMap<QString, vms_sdk_proto::DevInfo>& managed() const { return m_managed; }
     void setManaged(const QList<vms_sdk_proto::DevInfo>& devices);
@@ -109,7 +229,9 @@ private:
     bool inSearchRange(const QString& ip) const;
 
     QList<SimDevice> m_devices;
+    const QList<SimDevice> m_factory;
     bool m_unknownDevicesOnline;
+    QElapsedTimer m_clock;
     QMap<QString, vms_sdk_proto::DevInfo> m_managed;
     vms_sdk_proto::SetSearchDevsConfigCmd m_searchConfig;
 };

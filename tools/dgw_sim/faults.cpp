@@ -62,4 +62,18 @@ QByteArray Faults::refusalAnswer(const Refusal& refusal, const QByteArray& reque
     return QByteArray(bytes.data(), int(bytes.size()));
 }
 
+QByteArray Faults::outgoing(int type, const QByteArray& payload) const
+{
+    return m_config.malformedTypes.contains(type) ? malformedPayload() : payload;
+}
+
+QByteArray Faults::malformedPayload()
+{
+    // Field 1 announced as length-delimited with 16 bytes to follow, and only two do: every
+    // message class stops there, whatever its fields. (An unknown field would merely be kept.)
+    return QByteArray("\x0a\x10"
+                      "ab",
+                      4);
+}
+
 } // namespace vms_dgw_sim

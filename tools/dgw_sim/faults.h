@@ -28,6 +28,8 @@ struct FaultConfig
     // Counted over every message the process receives, on any connection; 0 disables.
     int closeAfterMessages = 0;
     int crashAfterMessages = 0;
+    // Types of outgoing frames whose payload is replaced by bytes that parse as no message.
+    QSet<int> malformedTypes;
 };
 
 // Misbehaviour on purpose, so that the library's failure paths can be driven end to end.
@@ -58,6 +60,10 @@ public:
     // answer message starts with the error and the request id as fields 1 and 2, so these
     // bytes read correctly as any of them.
     static QByteArray refusalAnswer(const Refusal& refusal, const QByteArray& request);
+
+    // The payload a frame of `type` leaves with: its own, or garbage for a malformed type.
+    QByteArray outgoing(int type, const QByteArray& payload) const;
+    static QByteArray malformedPayload();
 
 private:
     FaultConfig m_config;

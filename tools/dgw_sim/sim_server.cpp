@@ -125,6 +125,17 @@ DeviceModel& SimConnection::model()
     return m_server.model();
 }
 
+const SimConfig& SimConnection::config() const
+{
+    return m_server.config();
+}
+
+void SimConnection::later(int ms, std::function<void()> action)
+{
+    // Precise: a device that is due back online must not be reported before it is.
+    QTimer::singleShot(ms, Qt::PreciseTimer, this, std::move(action));
+}
+
 void SimConnection::log(const QString& text)
 {
     logLine(m_name + QStringLiteral(": ") + text);
@@ -217,9 +228,12 @@ void SimConnection::write(int type, const QByteArray& payload)
     }
     // One write per frame: the client's reader may take a frame as complete before its last
     // bytes, so a frame must never reach it in pieces written at different times.
-    m_socket->write(vms_sdk::FrameCodec::encode(type, payload));
+    const QByteArray bytes = m_server.faults().outgoing(type, payload);
+    if (bytes != payload)
+        log(QStringLiteral("fault: payload of %1 made malformed").arg(describe(type)));
+    m_socket->write(vms_sdk::FrameCodec::encode(type, bytes));
     m_socket->flush();
-    log(QStringLiteral("-> %1 (%2 bytes)").arg(describe(type)).arg(payload.size()));
+    log(QStringLiteral("-> %1 (%2 bytes)").arg(describe(type)).arg(bytes.size()));
 }
 
 void SimConnection::closeOnPurpose()

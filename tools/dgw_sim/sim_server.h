@@ -72,10 +72,12 @@ public:
     SimConnection(QLocalSocket* socket, SimServer& server, int number);
 
     DeviceModel& model() override;
+    const SimConfig& config() const override;
     void send(int type, const QByteArray& payload) override;
     void log(const QString& text) override;
     void initialised() override;
     void exitProcess() override;
+    void later(int ms, std::function<void()> action) override;
 
 private:
     struct Outgoing

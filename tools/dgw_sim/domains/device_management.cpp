@@ -128,15 +128,49 @@ void channelsInfo(Session& session, const QByteArray& payload)
     session.log(QStringLiteral("channels of %1 sent (%2)").arg(devId).arg(push.channels_size()));
 }
 
+void reconnect(Session& session, const QByteArray& payload)
+{
+    vms_sdk_proto::DevList command;
+    if (!parsePayload(session, ReconnectDevsCmd, payload, &command))
+        return;
+    for (const std::string& id : command.devs_id()) {
+        session.log(QStringLiteral("reconnecting to %1").arg(text(id)));
+        reportDevice(session, text(id));
+    }
+}
+
 } // namespace
+
+void reportDevice(Session& session, const QString& devId)
+{
+    const auto managed = session.model().managed().constFind(devId);
+    if (managed != session.model().managed().constEnd()) {
+        reportLogin(session, *managed);
+        return;
+    }
+    if (const SimDevice* device = session.model().simulated(devId)) {
+        // Not managed here: nothing but the device itself decides whether it is reachable.
+        vms_sdk_proto::DevInfo record;
+        record.set_id(utf8(devId));
+        record.set_password(utf8(device->password));
+        reportLogin(session, record);
+        return;
+    }
+    session.log(QStringLiteral("device %1 is unknown here: no status to report").arg(devId));
+}
 
 QList<HandlerRow> deviceManagementHandlers()
 {
     return {
-        {SetSearchDevsConfigCmd, setSearchConfig}, {SearchDevsCmd, search},
-        {SetManagedDevsCmd, setManaged},           {BroadcastSearchDevsCmd, broadcastSearch},
-        {AddManagedDevsCmd, addManaged},           {DelManagedDevsCmd, deleteManaged},
-        {EditManagedDevsCmd, editManaged},         {GetDevChannelsInfoCmd, channelsInfo},
+        {SetSearchDevsConfigCmd, setSearchConfig},
+        {SearchDevsCmd, search},
+        {SetManagedDevsCmd, setManaged},
+        {BroadcastSearchDevsCmd, broadcastSearch},
+        {AddManagedDevsCmd, addManaged},
+        {DelManagedDevsCmd, deleteManaged},
+        {EditManagedDevsCmd, editManaged},
+        {GetDevChannelsInfoCmd, channelsInfo},
+        {ReconnectDevsCmd, reconnect},
     };
 }
 

@@ -39,14 +39,25 @@ void exitCommand(Session& session, const QByteArray&)
     session.exitProcess();
 }
 
+void serviceToken(Session& session, const QByteArray& payload)
+{
+    // The token is for the cloud service, which a simulated network does not reach.
+    session.log(QStringLiteral("service token set (%1 bytes)").arg(payload.size()));
+}
+
+void serviceLogout(Session& session, const QByteArray&)
+{
+    session.log(QStringLiteral("logged out of the service"));
+}
+
 } // namespace
 
 QList<HandlerRow> gatewayHandlers()
 {
     return {
-        {ClientHelloCmd, hello},
-        {InitDgwReq, init},
-        {DgwExitCmd, exitCommand},
+        {ClientHelloCmd, hello},        {InitDgwReq, init},
+        {DgwExitCmd, exitCommand},      {SetSaasTokenCmd, serviceToken},
+        {SaasLogoutCmd, serviceLogout},
     };
 }
 

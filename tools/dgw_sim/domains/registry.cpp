@@ -6,7 +6,9 @@ namespace vms_dgw_sim {
 
 QList<HandlerRow> allHandlers()
 {
-    return gatewayHandlers() + deviceManagementHandlers();
+    return gatewayHandlers() + deviceManagementHandlers() + networkHandlers() + ptzHandlers() +
+           recordingsHandlers() + facesHandlers() + maintenanceHandlers() + talkHandlers() +
+           filesHandlers() + commonHandlers();
 }
 
 } // namespace vms_dgw_sim

@@ -1,0 +1,903 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// SPDX-FileCopyrightText: the vms_client_sdk developers
+//
+// What the simulated devices keep and generate: sets read back by gets, generated recordings
+// and face records, and the operations that take time (reboot, upgrade, file transfer).
+
+#include "domain_support.h"
+
+#include "support/test_support.h"
+
+#include "vms_protocol/message_type.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+using namespace vms_sdk;
+using namespace vms_test;
+
+namespace {
+
+class DomainState : public SimTest
+{};
+
+QByteArray withKeys(const QByteArray& extra)
+{
+    return domainNetwork.left(domainNetwork.lastIndexOf('}')) + extra + "}";
+}
+
+vms_sdk_proto::DevNetGetRes getNet(SimProcess& sim, const char* devId)
+{
+    vms_sdk_proto::DevNetGetReq request;
+    request.set_request_id("{get-net}");
+    request.set_dev_id(devId);
+    return ask<vms_sdk_proto::DevNetGetRes>(sim, DevNetGetReq, request, DevNetGetRes);
+}
+
+vms_sdk_proto::Response setName(SimProcess& sim, const char* devId, const char* name)
+{
+    vms_sdk_proto::ModifyDevNameReq request;
+    request.set_dev_id(devId);
+    request.set_dev_name(name);
+    return ask<vms_sdk_proto::Response>(sim, ModifyDevNameReq, request, DevConfigRes);
+}
+
+// "1 Door, 2 Preset 2": a channel's presets as one comparable text.
+std::string presetsOf(SimProcess& sim)
+{
+    vms_sdk_proto::ChannelReq request;
+    *request.mutable_channel_id() = channelOf("cam-1", 1);
+    const auto answer = ask<vms_sdk_proto::GetPresetRes>(sim, GetPresetsReq, request, GetPresetRes);
+    std::string text;
+    for (const auto& preset : answer.presets())
+        text += (text.empty() ? "" : ", ") + std::to_string(preset.attr_1()) + " " +
+                preset.preset_name();
+    return text;
+}
+
+// "1 running: 1/7 2/4; 2: 5/0": patrols with their stops (preset/stay time).
+std::string patrolsOf(SimProcess& sim)
+{
+    vms_sdk_proto::ChannelReq request;
+    *request.mutable_channel_id() = channelOf("cam-1", 1);
+    const auto answer = ask<vms_sdk_proto::GetPatrolRes>(sim, GetPatrolsReq, request, GetPatrolRes);
+    std::string text;
+    for (const auto& patrol : answer.patrols()) {
+        text += (text.empty() ? "" : "; ") + std::to_string(patrol.attr_1()) +
+                (patrol.attr_3() == 1 ? " running:" : ":");
+        for (const auto& stop : patrol.patrol_presets())
+            text +=
+                " " + std::to_string(stop.preset().attr_1()) + "/" + std::to_string(stop.attr_2());
+    }
+    return text;
+}
+
+QList<int> typesOf(const QList<Frame>& frames)
+{
+    QList<int> types;
+    for (const Frame& frame : frames)
+        types.append(frame.type);
+    return types;
+}
+
+} // namespace
+
+TEST_F(DomainState, NetworkSettingsReadBackAndMoveTheDevice)
+{
+    SimProcess& sim = startSim(domainNetwork);
+    ASSERT_TRUE(sim.initialise());
+    // Managed under an id of its own, found by address: the gateway follows the new address.
+    vms_sdk_proto::SetManagedDevsCmd managed;
+    managed.add_devs()->set_id("app-7");
+    managed.mutable_devs(0)->set_ip("10.0.0.12");
+    sim.send(SetManagedDevsCmd, managed);
+    sim.takeUntil(DevInfoPush);
+
+    vms_sdk_proto::DevNetSetReq set;
+    set.set_request_id("{set-net}");
+    set.set_dev_id("app-7");
+    vms_sdk_proto::DevNetInfo& info = *set.mutable_net_info();
+    info.set_ip("10.0.5.9");
+    info.set_sub_net_mask("255.255.0.0");
+    info.set_default_gateway("10.0.0.254");
+    info.set_dns("10.0.0.53");
+    info.set_attr_5(true);
+    info.set_attr_6(1);
+    info.set_attr_7(81);
+    info.set_attr_8(2);
+    const auto answer = ask<vms_sdk_proto::DevNetSetRes>(sim, DevNetSetReq, set, DevNetSetRes);
+    EXPECT_EQ(answer.error().code(), 0);
+    EXPECT_EQ(answer.dev_ip(), "10.0.5.9");
+
+    EXPECT_EQ(getNet(sim, "app-7").net_info().SerializeAsString(), info.SerializeAsString());
+    EXPECT_EQ(getNet(sim, "cam-2").net_info().ip(), "10.0.5.9");
+    sim.send(SearchDevsCmd, QByteArray());
+    const auto found = sim.take<vms_sdk_proto::SearchedDevsPush>(SearchedDevsPush);
+    ASSERT_EQ(found.devs_size(), 3);
+    EXPECT_EQ(found.devs(1).ip(), "10.0.5.9");
+    EXPECT_EQ(found.devs(1).attr_15(), true); // DHCP
+    EXPECT_EQ(found.devs(1).attr_16(), 81);   // http port
+
+    // An address that does not parse changes nothing.
+    info.set_ip("ten.zero");
+    EXPECT_EQ(ask<vms_sdk_proto::DevNetSetRes>(sim, DevNetSetReq, set, DevNetSetRes).error().code(),
+              1006);
+    EXPECT_EQ(getNet(sim, "cam-2").net_info().ip(), "10.0.5.9");
+}
+
+TEST_F(DomainState, PlatformSettingsReadBack)
+{
+    SimProcess& sim = startSim(domainNetwork);
+    ASSERT_TRUE(sim.initialise());
+    vms_sdk_proto::DevPlatformSetReq set;
+    set.set_dev_id("cam-2");
+    set.mutable_platform_info()->set_attr_1(true);
+    set.mutable_platform_info()->set_platform_addr("platform.example");
+    set.mutable_platform_info()->set_attr_4(5060);
+    set.mutable_platform_info()->set_attr_5(3);
+    EXPECT_EQ(
+        ask<vms_sdk_proto::Response>(sim, DevPlatformSetReq, set, DevPlatformSetRes).error().code(),
+        0);
+    struct Row
+    {
+        bool withStatus;
+        bool registered;
+    };
+    for (const Row& row : {Row{false, false}, Row{true, true}}) {
+        vms_sdk_proto::DevPlatformGetReq get;
+        get.set_dev_id("cam-2");
+        get.set_attr_4(row.withStatus);
+        const auto platform =
+            ask<vms_sdk_proto::DevPlatformGetRes>(sim, DevPlatformGetReq, get, DevPlatformGetRes)
+                .platform_info();
+        EXPECT_TRUE(platform.attr_1());
+        EXPECT_EQ(platform.platform_addr(), "platform.example");
+        EXPECT_EQ(platform.attr_3(), row.registered) << row.withStatus;
+        EXPECT_EQ(platform.attr_4(), 5060);
+        EXPECT_EQ(platform.attr_5(), 3);
+    }
+
+    vms_sdk_proto::DevPlatform_kvrSetReq setKvr;
+    setKvr.set_dev_id("cam-2");
+    vms_sdk_proto::DevPlatformInfo_kvr& kvr = *setKvr.mutable_platform_info();
+    kvr.set_attr_1(true);
+    kvr.set_attr_2(true);
+    kvr.set_online_server("online.example");
+    kvr.set_attr_4(true);
+    kvr.set_bussiness_server("business.example");
+    sim.send(DevPlatform_kvrSetReq, setKvr);
+    sim.takePayload(DevPlatform_kvrSetRes);
+    vms_sdk_proto::DeviceReq getKvr;
+    getKvr.set_dev_id("cam-2");
+    EXPECT_EQ(ask<vms_sdk_proto::DevPlatform_kvrGetRes>(sim, DevPlatform_kvrGetReq, getKvr,
+                                                        DevPlatform_kvrGetRes)
+                  .platform_info()
+                  .SerializeAsString(),
+              kvr.SerializeAsString());
+}
+
+TEST_F(DomainState, PresetAndPatrolOperationsChangeTheLists)
+{
+    using Send = std::function<QByteArray()>;
+    const auto preset = [](unsigned number, const char* name, int operation) -> Send {
+        return [=] {
+            vms_sdk_proto::PresetOperReq r;
+            *r.mutable_channel_id() = channelOf("cam-1", 1);
+            r.set_attr_3(number);
+            r.set_preset_name(name);
+            r.set_attr_5(operation);
+            return bytesOf(r);
+        };
+    };
+    const auto patrol = [](int index, int operation) -> Send {
+        return [=] {
+            vms_sdk_proto::PatrolOperReq r;
+            *r.mutable_channel_id() = channelOf("cam-1", 1);
+            r.set_attr_3(index);
+            r.set_attr_5(operation);
+            return bytesOf(r);
+        };
+    };
+    const auto stop = [](int index, unsigned number, int stay, int operation) -> Send {
+        return [=] {
+            vms_sdk_proto::PatrolPresetOperReq r;
+            *r.mutable_channel_id() = channelOf("cam-1", 1);
+            r.set_attr_3(index);
+            r.set_attr_4(stay);
+            r.set_attr_5(number);
+            r.set_attr_6(operation);
+            return bytesOf(r);
+        };
+    };
+    const auto stops = [](int index, std::vector<std::pair<unsigned, unsigned>> list) -> Send {
+        return [=] {
+            vms_sdk_proto::SetPatrolPresetsReq r;
+            *r.mutable_channel_id() = channelOf("cam-1", 1);
+            r.set_attr_3(index);
+            for (const auto& [number, stay] : list) {
+                auto* item = r.add_presets();
+                item->set_attr_1(number);
+                item->set_attr_2(stay);
+            }
+            return bytesOf(r);
+        };
+    };
+    struct Row
+    {
+        const char* name;
+        int type;
+        Send request;
+        int answerType;
+        qint32 code;
+        std::string presets;
+        std::string patrols;
+    };
+    const Row rows[] = {
+        {"set a new preset", PresetOperReq, preset(3, "Gate", 0), PresetOperRes, 0,
+         "1 Door, 2 Preset 2, 3 Gate, 5 Road", "1: 1/7"},
+        {"set renames", PresetOperReq, preset(2, "Yard", 0), PresetOperRes, 0,
+         "1 Door, 2 Yard, 3 Gate, 5 Road", "1: 1/7"},
+        {"set without a name", PresetOperReq, preset(9, "", 0), PresetOperRes, 0,
+         "1 Door, 2 Yard, 3 Gate, 5 Road, 9 Preset 9", "1: 1/7"},
+        {"preset 0", PresetOperReq, preset(0, "Zero", 0), PresetOperRes, 1006,
+         "1 Door, 2 Yard, 3 Gate, 5 Road, 9 Preset 9", "1: 1/7"},
+        {"call leaves the list", PresetOperReq, preset(3, "", 1), PresetOperRes, 0,
+         "1 Door, 2 Yard, 3 Gate, 5 Road, 9 Preset 9", "1: 1/7"},
+        {"add a stop", PatrolPresetOperReq, stop(1, 3, 4, 0), PatrolPresetOperRes, 0,
+         "1 Door, 2 Yard, 3 Gate, 5 Road, 9 Preset 9", "1: 1/7 3/4"},
+        {"add a stop to a new patrol", PatrolPresetOperReq, stop(2, 5, 6, 0), PatrolPresetOperRes,
+         0, "1 Door, 2 Yard, 3 Gate, 5 Road, 9 Preset 9", "1: 1/7 3/4; 2: 5/6"},
+        {"stop at a missing preset", PatrolPresetOperReq, stop(1, 4, 4, 0), PatrolPresetOperRes,
+         1004, "1 Door, 2 Yard, 3 Gate, 5 Road, 9 Preset 9", "1: 1/7 3/4; 2: 5/6"},
+        {"modify a stay time", PatrolPresetOperReq, stop(1, 3, 9, 2), PatrolPresetOperRes, 0,
+         "1 Door, 2 Yard, 3 Gate, 5 Road, 9 Preset 9", "1: 1/7 3/9; 2: 5/6"},
+        {"start", PatrolOperReq, patrol(1, 0), PatrolOperRes, 0,
+         "1 Door, 2 Yard, 3 Gate, 5 Road, 9 Preset 9", "1 running: 1/7 3/9; 2: 5/6"},
+        {"start another stops the first", PatrolOperReq, patrol(2, 0), PatrolOperRes, 0,
+         "1 Door, 2 Yard, 3 Gate, 5 Road, 9 Preset 9", "1: 1/7 3/9; 2 running: 5/6"},
+        {"stop", PatrolOperReq, patrol(2, 1), PatrolOperRes, 0,
+         "1 Door, 2 Yard, 3 Gate, 5 Road, 9 Preset 9", "1: 1/7 3/9; 2: 5/6"},
+        {"replace the stops", SetPatrolPresetsReq, stops(2, {{9, 1}, {2, 2}}), SetPatrolPresetsRes,
+         0, "1 Door, 2 Yard, 3 Gate, 5 Road, 9 Preset 9", "1: 1/7 3/9; 2: 9/1 2/2"},
+        {"replace with a missing preset changes nothing", SetPatrolPresetsReq, stops(2, {{4, 1}}),
+         SetPatrolPresetsRes, 1004, "1 Door, 2 Yard, 3 Gate, 5 Road, 9 Preset 9",
+         "1: 1/7 3/9; 2: 9/1 2/2"},
+        {"delete a stop", PatrolPresetOperReq, stop(1, 1, 0, 1), PatrolPresetOperRes, 0,
+         "1 Door, 2 Yard, 3 Gate, 5 Road, 9 Preset 9", "1: 3/9; 2: 9/1 2/2"},
+        {"delete a preset takes it out of the patrols", PresetOperReq, preset(9, "", 2),
+         PresetOperRes, 0, "1 Door, 2 Yard, 3 Gate, 5 Road", "1: 3/9; 2: 2/2"},
+        {"delete a missing preset", PresetOperReq, preset(9, "", 2), PresetOperRes, 1004,
+         "1 Door, 2 Yard, 3 Gate, 5 Road", "1: 3/9; 2: 2/2"},
+        {"delete a patrol", PatrolOperReq, patrol(1, 2), PatrolOperRes, 0,
+         "1 Door, 2 Yard, 3 Gate, 5 Road", "2: 2/2"},
+        {"replace with no stops", SetPatrolPresetsReq, stops(2, {}), SetPatrolPresetsRes, 0,
+         "1 Door, 2 Yard, 3 Gate, 5 Road", "2:"},
+    };
+    SimProcess& sim = startSim(domainNetwork);
+    ASSERT_TRUE(sim.initialise());
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        sim.send(row.type, row.request());
+        EXPECT_EQ(parsedAs<vms_sdk_proto::Response>(sim.takePayload(row.answerType)).error().code(),
+                  row.code);
+        EXPECT_EQ(presetsOf(sim), row.presets);
+        EXPECT_EQ(patrolsOf(sim), row.patrols);
+    }
+    // A patrol with nowhere to go cannot start.
+    sim.send(PatrolOperReq, patrol(2, 0)());
+    EXPECT_EQ(parsedAs<vms_sdk_proto::Response>(sim.takePayload(PatrolOperRes)).error().code(),
+              1006);
+}
+
+TEST_F(DomainState, NamesShowInTheChannelsAndTheSearch)
+{
+    SimProcess& sim = startSim(domainNetwork);
+    ASSERT_TRUE(sim.initialise());
+    vms_sdk_proto::SetOSDReq osd;
+    *osd.mutable_channel_id() = channelOf("nvr-1", 2);
+    osd.set_osd("Back hall");
+    EXPECT_EQ(ask<vms_sdk_proto::Response>(sim, SetOSDReq, osd, DevConfigRes).error().code(), 0);
+    EXPECT_EQ(setName(sim, "cam-2", "Yard").error().code(), 0);
+    EXPECT_EQ(setName(sim, "cam-2", "").error().code(), 1006);
+
+    sim.send(GetDevChannelsInfoCmd, QByteArray("nvr-1"));
+    const auto channels = sim.take<vms_sdk_proto::DevChannelsInfoPush>(DevChannelsInfoPush);
+    ASSERT_EQ(channels.channels_size(), 2);
+    EXPECT_EQ(channels.channels(0).osd(), "Door");
+    EXPECT_EQ(channels.channels(1).osd(), "Back hall");
+    sim.send(BroadcastSearchDevsCmd, QByteArray());
+    const auto found = sim.take<vms_sdk_proto::SearchedDevsPush>(BroadcastSearchedDevsPush);
+    ASSERT_EQ(found.devs_size(), 3);
+    EXPECT_EQ(found.devs(1).name(), "Yard");
+}
+
+TEST_F(DomainState, TheFaceLibraryPagesAndChanges)
+{
+    SimProcess& sim = startSim(domainNetwork);
+    ASSERT_TRUE(sim.initialise());
+    vms_sdk_proto::AddFaceReq add;
+    *add.mutable_channel_id() = channelOf("cam-1", 1);
+    add.set_serial_num("F-4");
+    add.set_name("Dee");
+    add.add_organizations("Acme");
+    add.set_attr_6(2);
+    add.set_attr_7(28);
+    add.set_attr_8(1);
+    add.set_face_type("staff");
+    add.set_valid_time("2024-01-01 00:00:00");
+    add.set_attr_12(std::string("\xff\xd8", 2));
+    EXPECT_EQ(ask<vms_sdk_proto::Response>(sim, AddFaceReq, add, AddFaceRes).error().code(), 0);
+    vms_sdk_proto::DelFaceReq remove;
+    *remove.mutable_channel_id() = channelOf("cam-1", 1);
+    remove.set_attr_3(2); // Bob
+    EXPECT_EQ(ask<vms_sdk_proto::Response>(sim, DelFaceReq, remove, DelFaceRes).error().code(), 0);
+
+    struct Row
+    {
+        unsigned page;
+        unsigned size;
+        unsigned library;
+        std::vector<std::string> serials;
+        unsigned total;
+    };
+    const Row rows[] = {
+        {1, 0, 0, {"F-1", "F-3", "F-4"}, 3},
+        {0, 2, 0, {"F-1", "F-3"}, 3},
+        {2, 2, 0, {"F-4"}, 3},
+        {3, 2, 0, {}, 3},
+        {1, 10, 1, {"F-1", "F-3", "F-4"}, 3},
+        {1, 10, 2, {}, 0},
+    };
+    for (const Row& row : rows) {
+        vms_sdk_proto::GetFacesReq get;
+        *get.mutable_channel_id() = channelOf("cam-1", 1);
+        get.set_attr_3(row.page);
+        get.set_attr_4(row.size);
+        get.set_attr_5(row.library);
+        const auto faces = ask<vms_sdk_proto::GetFacesRes>(sim, GetFacesReq, get, GetFacesRes);
+        std::vector<std::string> serials;
+        for (const auto& face : faces.faces())
+            serials.push_back(face.serial_num());
+        EXPECT_EQ(serials, row.serials) << row.page << "/" << row.size << "/" << row.library;
+        EXPECT_EQ(faces.attr_4(), row.total) << row.page << "/" << row.size << "/" << row.library;
+    }
+
+    vms_sdk_proto::GetFacesReq withPictures;
+    *withPictures.mutable_channel_id() = channelOf("cam-1", 1);
+    withPictures.set_attr_3(2);
+    withPictures.set_attr_4(2);
+    withPictures.set_attr_6(true);
+    const auto last = ask<vms_sdk_proto::GetFacesRes>(sim, GetFacesReq, withPictures, GetFacesRes);
+    ASSERT_EQ(last.faces_size(), 1);
+    const vms_sdk_proto::FaceInfo& face = last.faces(0);
+    EXPECT_EQ(face.attr_1(), 4); // after the highest index, Bob's 2 is not reused
+    EXPECT_EQ(face.name(), "Dee");
+    EXPECT_EQ(face.face_type(), "staff");
+    EXPECT_EQ(face.attr_6(), 2);
+    EXPECT_EQ(face.attr_7(), 28);
+    EXPECT_EQ(face.attr_8(), std::string("\xff\xd8", 2));
+    EXPECT_EQ(face.valid_time(), "2024-01-01 00:00:00");
+    ASSERT_EQ(face.organizations_size(), 1);
+}
+
+TEST_F(DomainState, APasswordChangeDecidesTheNextLogin)
+{
+    SimProcess& sim = startSim(domainNetwork);
+    ASSERT_TRUE(sim.initialise());
+    const auto modify = [&](const char* devId, const char* oldPassword, const char* newPassword) {
+        vms_sdk_proto::ModifyDevAccountReq request;
+        request.set_dev_id(devId);
+        request.set_account("admin");
+        request.set_old_password(oldPassword);
+        request.set_new_password(newPassword);
+        return ask<vms_sdk_proto::Response>(sim, ModifyDevAccountReq, request, ModifyDevAccountRes)
+            .error()
+            .code();
+    };
+    const auto loginStatus = [&](const char* password) {
+        vms_sdk_proto::SetManagedDevsCmd set;
+        set.add_devs()->set_id("cam-1");
+        set.mutable_devs(0)->set_password(password);
+        sim.send(SetManagedDevsCmd, set);
+        return sim.take<vms_sdk_proto::DevStatusPush>(DevStatusPush).status();
+    };
+    EXPECT_EQ(modify("cam-1", "pw2", "pw3"), 1005);
+    EXPECT_EQ(modify("cam-1", "pw1", "pw2"), 0);
+    EXPECT_EQ(modify("cam-1", "pw1", "pw3"), 1005);
+    EXPECT_EQ(loginStatus("pw1"), 1);
+    EXPECT_EQ(loginStatus("pw2"), 0);
+    sim.takePayload(DevInfoPush);
+    // The gateway changed the password itself and keeps its login.
+    EXPECT_EQ(modify("cam-1", "pw2", "pw3"), 0);
+    EXPECT_EQ(getNet(sim, "cam-1").error().code(), 0);
+    // A device without a password takes any old one.
+    EXPECT_EQ(modify("cam-2", "whatever", "set"), 0);
+    EXPECT_EQ(modify("cam-2", "whatever", "again"), 1005);
+}
+
+TEST_F(DomainState, RecordingsCoverTheAskedRangeInWholeFiles)
+{
+    struct Row
+    {
+        const char* name;
+        const char* begin;
+        const char* end;
+        int count;
+        const char* firstBegin;
+        const char* lastEnd;
+        bool finished;
+    };
+    // The camera records into files of 30 minutes.
+    const Row rows[] = {
+        {"inside two files", "2024-03-01 08:10:00", "2024-03-01 09:00:00", 2, "2024-03-01 08:00:00",
+         "2024-03-01 09:00:00", true},
+        {"one second", "2024-03-01 08:00:00", "2024-03-01 08:00:01", 1, "2024-03-01 08:00:00",
+         "2024-03-01 08:30:00", true},
+        {"across midnight", "2024-03-01 23:50:00", "2024-03-02 00:40:00", 3, "2024-03-01 23:30:00",
+         "2024-03-02 01:00:00", true},
+        {"end before begin", "2024-03-01 09:00:00", "2024-03-01 08:00:00", 0, "", "", true},
+        {"more than one answer holds", "2024-01-01 00:00:00", "2024-03-01 00:00:00", 2000,
+         "2024-01-01 00:00:00", "2024-02-11 16:00:00", false},
+    };
+    SimProcess& sim = startSim(domainNetwork);
+    ASSERT_TRUE(sim.initialise());
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        vms_sdk_proto::SearchVideoRecordingsReq request;
+        *request.mutable_channel_id() = channelOf("cam-1", 1);
+        request.set_begin_time(row.begin);
+        request.set_end_time(row.end);
+        const auto answer = ask<vms_sdk_proto::SearchVideoRecordingsRes>(
+            sim, SearchVideoRecordingsReq, request, SearchVideoRecordingsRes);
+        EXPECT_EQ(answer.error().code(), 0);
+        ASSERT_EQ(answer.recordings_size(), row.count);
+        EXPECT_EQ(answer.attr_3(), row.finished);
+        if (row.count == 0)
+            continue;
+        EXPECT_EQ(answer.recordings(0).begin_time(), row.firstBegin);
+        EXPECT_EQ(answer.recordings(row.count - 1).end_time(), row.lastEnd);
+        for (int i = 1; i < row.count; ++i)
+            ASSERT_EQ(answer.recordings(i).begin_time(), answer.recordings(i - 1).end_time());
+    }
+}
+
+TEST_F(DomainState, FaceRecordsArePagedOverTheAskedRange)
+{
+    struct Row
+    {
+        const char* begin;
+        const char* end;
+        unsigned page;
+        unsigned size;
+        int count;
+        unsigned total;
+        const char* first;
+    };
+    // A record every 10 minutes; both ends of the range count.
+    const Row rows[] = {
+        {"2024-03-01 08:00:00", "2024-03-01 09:00:00", 1, 0, 7, 7, "2024-03-01 08:00:00"},
+        {"2024-03-01 08:00:01", "2024-03-01 08:59:59", 1, 0, 5, 5, "2024-03-01 08:10:00"},
+        {"2024-03-01 08:00:00", "2024-03-01 09:00:00", 2, 3, 3, 7, "2024-03-01 08:30:00"},
+        {"2024-03-01 08:00:00", "2024-03-01 09:00:00", 3, 3, 1, 7, "2024-03-01 09:00:00"},
+        {"2024-03-01 08:00:00", "2024-03-01 09:00:00", 4, 3, 0, 7, ""},
+        {"2024-03-01 09:00:00", "2024-03-01 08:00:00", 1, 0, 0, 0, ""},
+        {"2024-03-01 00:00:00", "2024-12-31 23:59:59", 1, 20, 20, 44064, "2024-03-01 00:00:00"},
+    };
+    SimProcess& sim = startSim(domainNetwork);
+    ASSERT_TRUE(sim.initialise());
+    for (const Row& row : rows) {
+        SCOPED_TRACE(std::string(row.begin) + " - " + row.end + " page " +
+                     std::to_string(row.page) + "/" + std::to_string(row.size));
+        vms_sdk_proto::GetFaceDetectRecordsReq request;
+        *request.mutable_channel_id() = channelOf("cam-1", 1);
+        request.set_attr_3(row.page);
+        request.set_attr_4(row.size);
+        request.set_begin_time(row.begin);
+        request.set_end_time(row.end);
+        const auto answer = ask<vms_sdk_proto::GetFaceDetectRecordsRes>(
+            sim, GetFaceDetectRecordsReq, request, GetFaceDetectRecordsRes);
+        EXPECT_EQ(answer.error().code(), 0);
+        ASSERT_EQ(answer.records_size(), row.count);
+        EXPECT_EQ(answer.attr_4(), row.total);
+        if (row.count > 0) {
+            EXPECT_EQ(answer.records(0).detect_time(), row.first);
+        }
+        for (const auto& record : answer.records()) {
+            // Known people come from the channel's library, strangers have no name.
+            const std::string& serial = record.serial_num();
+            EXPECT_TRUE(serial.empty() || serial == "F-1" || serial == "F-2" || serial == "F-3")
+                << serial;
+            EXPECT_EQ(record.name().empty(), serial.empty());
+            EXPECT_GT(record.attr_9(), 35.0);
+        }
+    }
+}
+
+TEST_F(DomainState, AnUpgradeRisesToTheFinishPush)
+{
+    SimProcess& sim = startSim(withKeys(R"(, "upgradeMs": 400)"));
+    ASSERT_TRUE(sim.initialise());
+    vms_sdk_proto::DeviceReq progress;
+    progress.set_request_id("{progress}");
+    progress.set_dev_id("cam-1");
+    vms_sdk_proto::DevUpgradeReq start;
+    start.set_dev_id("cam-1");
+    start.set_mode("url");
+    sim.send(DoDevUpgradeCmd, start);
+
+    std::vector<int> percents;
+    std::vector<std::string> phases;
+    int finishPushes = 0;
+    ASSERT_TRUE(waitFor([&] {
+        sim.send(GetDevUpgradeProgressReq, progress);
+        for (const Frame& frame : sim.takeUntil(GetDevUpgradeProgressRes)) {
+            if (frame.type == UploadUpgradeFileFinishedPush) {
+                EXPECT_EQ(frame.payload, QByteArray("cam-1"));
+                ++finishPushes;
+                continue;
+            }
+            const auto answer = parsedAs<vms_sdk_proto::DevUpgradeRes>(frame.payload);
+            EXPECT_EQ(answer.request_id(), "{progress}");
+            percents.push_back(answer.attr_7());
+            if (phases.empty() || phases.back() != answer.phase())
+                phases.push_back(answer.phase());
+        }
+        return percents.back() == 100;
+    }));
+    EXPECT_TRUE(std::is_sorted(percents.begin(), percents.end()));
+    EXPECT_EQ(phases.front(), "transferring");
+    EXPECT_EQ(phases.back(), "finished");
+    if (finishPushes == 0)
+        sim.takeUntil(UploadUpgradeFileFinishedPush);
+    EXPECT_LE(finishPushes, 1);
+
+    // The device runs the new firmware, and nothing newer is on offer.
+    vms_sdk_proto::DevUpgradeReq check;
+    check.set_dev_id("cam-1");
+    const auto checked =
+        ask<vms_sdk_proto::DevUpgradeRes>(sim, CheckDevUpgradeReq, check, CheckDevUpgradeRes);
+    EXPECT_FALSE(checked.attr_5());
+    EXPECT_EQ(checked.attr_3(), 2);
+    sim.send(SearchDevsCmd, QByteArray());
+    EXPECT_EQ(sim.take<vms_sdk_proto::SearchedDevsPush>(SearchedDevsPush).devs(0).version(),
+              "V2.0.0");
+}
+
+TEST_F(DomainState, ActivationAndPasswordResetResults)
+{
+    SimProcess& sim = startSim(domainNetwork);
+    ASSERT_TRUE(sim.initialise());
+    const auto activate = [&](std::vector<std::string> serials, const char* password) {
+        vms_sdk_proto::DevActivateCmd command;
+        for (const std::string& sn : serials)
+            command.add_devs_sn(sn);
+        command.set_account("owner");
+        command.set_password(password);
+        vms_sdk_proto::SecretInfo* secret = command.add_secrets();
+        secret->set_question("Colour?");
+        secret->set_answer("Teal");
+        sim.send(DevActivateCmd, command);
+        std::vector<std::pair<std::string, int>> results;
+        for (size_t i = 0; i < serials.size(); ++i) {
+            const auto answer = sim.take<vms_sdk_proto::ActivateDevRes>(ActivateDevRes);
+            results.emplace_back(answer.dev_sn(), answer.result());
+        }
+        return results;
+    };
+    using Results = std::vector<std::pair<std::string, int>>;
+    EXPECT_EQ(activate({"SN-CAM-2"}, ""), (Results{{"SN-CAM-2", 4}}));
+    EXPECT_EQ(activate({"SN-CAM-2", "SN-CAM-1", "SN-NONE", "SN-CAM-3"}, "secret"),
+              (Results{{"SN-CAM-2", 0}, {"SN-CAM-1", 1}, {"SN-NONE", 2}, {"SN-CAM-3", 2}}));
+    EXPECT_EQ(activate({"SN-CAM-2"}, "again"), (Results{{"SN-CAM-2", 1}}));
+    sim.send(SearchDevsCmd, QByteArray());
+    EXPECT_EQ(sim.take<vms_sdk_proto::SearchedDevsPush>(SearchedDevsPush).devs(1).attr_14(), 1);
+
+    struct Row
+    {
+        const char* name;
+        const char* sn;
+        const char* account;
+        std::vector<std::pair<const char*, const char*>> answers;
+        const char* password;
+        int result;
+    };
+    const Row rows[] = {
+        {"unknown serial", "SN-NONE", "owner", {{"Colour?", "Teal"}}, "new", 2},
+        {"unknown account", "SN-CAM-2", "admin", {{"Colour?", "Teal"}}, "new", 3},
+        {"wrong answer", "SN-CAM-2", "owner", {{"Colour?", "Red"}}, "new", 1},
+        {"unanswered question", "SN-CAM-1", "admin", {{"Pet?", "Rex"}}, "new", 1},
+        {"empty password", "SN-CAM-2", "owner", {{"Colour?", "Teal"}}, "", 4},
+        {"right answers", "SN-CAM-2", "owner", {{"Colour?", "Teal"}}, "reset", 0},
+    };
+    for (const Row& row : rows) {
+        vms_sdk_proto::DevPwdResetReq reset;
+        reset.set_dev_sn(row.sn);
+        reset.set_account(row.account);
+        reset.set_password(row.password);
+        for (const auto& [question, answer] : row.answers) {
+            vms_sdk_proto::SecretInfo* secret = reset.add_secrets();
+            secret->set_question(question);
+            secret->set_answer(answer);
+        }
+        const auto answer =
+            ask<vms_sdk_proto::ResetDevPwdRes>(sim, DevPwdResetReq, reset, ResetDevPwdRes);
+        EXPECT_EQ(answer.dev_sn(), row.sn) << row.name;
+        EXPECT_EQ(answer.result(), row.result) << row.name;
+    }
+
+    // The activation's questions are asked, and the reset password is the one that logs in.
+    vms_sdk_proto::DevSecretQuestionsGetReq questions;
+    questions.set_dev_sn("SN-CAM-2");
+    questions.set_account("owner");
+    const auto asked = ask<vms_sdk_proto::DevSecretQuestionsGetRes>(
+        sim, DevSecretQuestionsGetReq, questions, DevSecretQuestionsGetRes);
+    ASSERT_EQ(asked.questions_size(), 1);
+    EXPECT_EQ(asked.questions(0), "Colour?");
+    vms_sdk_proto::SetManagedDevsCmd set;
+    set.add_devs()->set_id("cam-2");
+    set.mutable_devs(0)->set_password("reset");
+    sim.send(SetManagedDevsCmd, set);
+    EXPECT_EQ(sim.take<vms_sdk_proto::DevStatusPush>(DevStatusPush).status(), 0);
+}
+
+TEST_F(DomainState, AFactoryResetRestoresTheConfigFile)
+{
+    struct Row
+    {
+        bool keepNetwork;
+        const char* ip;
+    };
+    for (const Row& row : {Row{false, "10.0.0.11"}, Row{true, "10.0.7.7"}}) {
+        SCOPED_TRACE(row.keepNetwork);
+        SimProcess& sim = startSim(domainNetwork);
+        ASSERT_TRUE(sim.initialise());
+        vms_sdk_proto::DevNetSetReq net;
+        net.set_dev_id("cam-1");
+        net.mutable_net_info()->set_ip("10.0.7.7");
+        sim.send(DevNetSetReq, net);
+        sim.takePayload(DevNetSetRes);
+        vms_sdk_proto::PresetOperReq preset;
+        *preset.mutable_channel_id() = channelOf("cam-1", 1);
+        preset.set_attr_3(1);
+        preset.set_attr_5(2);
+        sim.send(PresetOperReq, preset);
+        sim.takePayload(PresetOperRes);
+        EXPECT_EQ(setName(sim, "cam-1", "Renamed").error().code(), 0);
+
+        vms_sdk_proto::RestoreFactoryCmd restore;
+        restore.add_devs_id("cam-1");
+        restore.set_attr_2(row.keepNetwork);
+        sim.send(RestoreFactoryCmd, restore);
+        EXPECT_EQ(presetsOf(sim), "1 Door, 2 Preset 2, 5 Road");
+        EXPECT_EQ(getNet(sim, "cam-1").net_info().ip(), row.ip);
+        sim.send(SearchDevsCmd, QByteArray());
+        EXPECT_EQ(sim.take<vms_sdk_proto::SearchedDevsPush>(SearchedDevsPush).devs(0).name(),
+                  "Gate");
+    }
+}
+
+TEST_F(DomainState, ARebootGoesOfflineAndComesBack)
+{
+    // Long enough that the request sent with the reboot is surely handled while it lasts.
+    SimProcess& sim = startSim(withKeys(R"(, "rebootMs": 1000)"));
+    ASSERT_TRUE(sim.initialise());
+    vms_sdk_proto::DevList reboot;
+    reboot.add_devs_id("cam-1");
+    sim.send(RebootDevsCmd, reboot);
+    vms_sdk_proto::DevNetGetReq net;
+    net.set_dev_id("cam-1");
+    sim.send(DevNetGetReq, net);
+    const QList<Frame> during = sim.takeUntil(DevNetGetRes);
+    ASSERT_EQ(typesOf(during), (QList<int>{DevStatusPush, DevNetGetRes}));
+    EXPECT_EQ(parsedAs<vms_sdk_proto::DevStatusPush>(during.at(0).payload).status(), 1);
+    EXPECT_EQ(parsedAs<vms_sdk_proto::DevNetGetRes>(during.at(1).payload).error().code(), 1003);
+
+    const QList<Frame> after = sim.takeUntil(DevInfoPush);
+    ASSERT_EQ(typesOf(after), (QList<int>{DevStatusPush, DevInfoPush}));
+    const auto online = parsedAs<vms_sdk_proto::DevStatusPush>(after.at(0).payload);
+    EXPECT_EQ(online.dev_id(), "cam-1");
+    EXPECT_EQ(online.status(), 0);
+    EXPECT_EQ(getNet(sim, "cam-1").error().code(), 0);
+}
+
+TEST_F(DomainState, TalkAndSpeakShareTheAudioLine)
+{
+    struct Row
+    {
+        const char* name;
+        int type;
+        const char* devId;
+        unsigned channel;
+        int operation;
+        qint32 code;
+        int event; // -1: no event
+    };
+    const Row rows[] = {
+        {"talk starts", TalkOperReq, "cam-1", 1, 0, 0, 0},
+        {"speak finds the line busy", SpeakOperReq, "cam-1", 1, 0, 0, 2},
+        {"speak stops although not running", SpeakOperReq, "cam-1", 1, 1, 0, 1},
+        {"talk again keeps talking", TalkOperReq, "cam-1", 1, 0, 0, 0},
+        {"talk stops", TalkOperReq, "cam-1", 1, 1, 0, 1},
+        {"speak starts on the free line", SpeakOperReq, "cam-1", 1, 0, 0, 0},
+        {"another channel has its own line", TalkOperReq, "nvr-1", 1, 0, 0, 0},
+        {"offline channel", TalkOperReq, "nvr-1", 2, 0, 1003, -1},
+        {"unknown channel", SpeakOperReq, "nvr-1", 7, 0, 1002, -1},
+        {"unknown operation", TalkOperReq, "cam-1", 1, 5, 1006, -1},
+    };
+    SimProcess& sim = startSim(domainNetwork);
+    ASSERT_TRUE(sim.initialise());
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        vms_sdk_proto::TalkOperReq request;
+        request.set_request_id(row.name);
+        *request.mutable_channel_id() = channelOf(row.devId, row.channel);
+        request.set_attr_3(row.operation);
+        sim.send(row.type, request);
+        const int answerType = row.type == TalkOperReq ? TalkOperRes : SpeakOperRes;
+        const auto answer = parsedAs<vms_sdk_proto::Response>(sim.takePayload(answerType));
+        EXPECT_EQ(answer.request_id(), row.name);
+        EXPECT_EQ(answer.error().code(), row.code);
+        if (row.event < 0)
+            continue;
+        const int eventType = row.type == TalkOperReq ? TalkEventPush : SpeakEventPush;
+        const auto event = parsedAs<vms_sdk_proto::TalkEventPush>(sim.takePayload(eventType));
+        EXPECT_EQ(event.channel_id().dev_id(), row.devId);
+        EXPECT_EQ(event.channel_id().channel_index(), row.channel);
+        EXPECT_EQ(event.event(), row.event);
+    }
+}
+
+TEST_F(DomainState, FileTransfersReportProgressToTheEnd)
+{
+    struct Row
+    {
+        const char* name;
+        int type;
+        QByteArray request;
+        std::vector<int> percents;
+        int lastStatus;
+    };
+    vms_sdk_proto::UploadFileReq upload;
+    upload.set_request_id("{upload}");
+    upload.set_dev_id("cam-1");
+    upload.set_file_name("C:/firmware.bin");
+    vms_sdk_proto::DownloadFileReq download;
+    download.set_request_id("{download}");
+    download.set_dev_id("nvr-1");
+    download.set_src_file_name("ch01_20240301080000_20240301083000.mp4");
+    download.set_des_file_name("C:/clip.mp4");
+    vms_sdk_proto::DownloadFileReq nothing = download;
+    nothing.set_request_id("{nothing}");
+    nothing.set_src_file_name("");
+    vms_sdk_proto::UploadFileReq ghost = upload;
+    ghost.set_request_id("{ghost}");
+    ghost.set_dev_id("ghost");
+    const std::vector<int> allSteps = {10, 20, 30, 40, 50, 60, 70, 80, 90, 100};
+    const Row rows[] = {
+        {"upload", UploadFileReq, bytesOf(upload), allSteps, 1},
+        {"download", DownloadFileReq, bytesOf(download), allSteps, 1},
+        {"no file", DownloadFileReq, bytesOf(nothing), {0}, 2},
+        {"unknown device", UploadFileReq, bytesOf(ghost), {0}, 2},
+    };
+    SimProcess& sim = startSim(domainNetwork);
+    ASSERT_TRUE(sim.initialise());
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        sim.send(row.type, row.request);
+        const std::string requestId =
+            row.type == UploadFileReq
+                ? parsedAs<vms_sdk_proto::UploadFileReq>(row.request).request_id()
+                : parsedAs<vms_sdk_proto::DownloadFileReq>(row.request).request_id();
+        std::vector<int> percents;
+        int status = 0;
+        while (percents.size() < row.percents.size()) {
+            const auto push = parsedAs<vms_sdk_proto::FileTransferProgress>(
+                sim.takePayload(FileTransferProgressPush));
+            ASSERT_EQ(push.request_id(), requestId);
+            percents.push_back(push.attr_2());
+            status = push.attr_3();
+            if (percents.size() < row.percents.size()) {
+                EXPECT_EQ(status, 0);
+            }
+        }
+        EXPECT_EQ(percents, row.percents);
+        EXPECT_EQ(status, row.lastStatus);
+    }
+}
+
+TEST_F(DomainState, CommonMethodsAreAnsweredInTheDeviceEnvelope)
+{
+    struct Row
+    {
+        const char* name;
+        const char* devId;
+        unsigned channel;
+        QByteArray json;
+        const char* method;
+        int errorCode;
+        std::function<void(const QJsonObject& result)> check;
+    };
+    const auto transparent = [](const QByteArray& inner, const char* reqData = nullptr) {
+        const QString data =
+            reqData ? QString::fromLatin1(reqData) : QString::fromLatin1(inner.toBase64());
+        return QJsonDocument(QJsonObject{{"method", "dev_trans_userparam"},
+                                         {"param", QJsonObject{{"channelid", 1},
+                                                               {"owner", "Tavirnex"},
+                                                               {"req_data", data}}}})
+            .toJson();
+    };
+    const auto innerAnswer = [](const QJsonObject& result) {
+        return QJsonDocument::fromJson(
+                   QByteArray::fromBase64(result.value("resp_data").toString().toLatin1()))
+            .object();
+    };
+    const Row rows[] = {
+        {"a method without a row", "nvr-1", 0, R"({"method": "storage_get_info", "param": {}})",
+         "storage_get_info", 0, [](const QJsonObject& result) { EXPECT_TRUE(result.isEmpty()); }},
+        {"net mode", "cam-1", 0, R"({"method": "ifconfig_get_inet", "param": {}})",
+         "ifconfig_get_inet", 0,
+         [](const QJsonObject& result) { EXPECT_EQ(result.value("iface").toString(), "eth"); }},
+        {"set the system name",
+         "cam-1",
+         0,
+         R"({"method": "dev_set_info", "param": {"name": "Front gate"}})",
+         "dev_set_info",
+         0,
+         {}},
+        {"get reads it back", "cam-1", 0, R"({"method": "dev_get_info", "param": {}})",
+         "dev_get_info", 0,
+         [](const QJsonObject& result) {
+             EXPECT_EQ(result.value("name").toString(), "Front gate");
+         }},
+        {"an application's method, wrapped", "cam-1", 1,
+         transparent(R"({"method": "rcglib_search", "package": "face_lib", "param": {}})"),
+         "dev_trans_userparam", 0,
+         [&](const QJsonObject& result) {
+             const QJsonObject inner = innerAnswer(result);
+             EXPECT_EQ(inner.value("method").toString(), "rcglib_search");
+             EXPECT_EQ(inner.value("error").toObject().value("errorcode").toInt(-1), 0);
+             EXPECT_TRUE(inner.value("result").isObject());
+         }},
+        {"wrapped data that is no JSON",
+         "cam-1",
+         1,
+         transparent({}, "bm90IGpzb24="),
+         "dev_trans_userparam",
+         1006,
+         {}},
+        {"unknown device", "ghost", 0, R"({"method": "dev_get_info"})", "dev_get_info", 1001, {}},
+        {"unknown channel",
+         "cam-1",
+         4,
+         R"({"method": "image_get_param"})",
+         "image_get_param",
+         1002,
+         {}},
+        {"not JSON", "cam-1", 0, "method=dev_get_info", "", 1006, {}},
+    };
+    SimProcess& sim = startSim(domainNetwork);
+    ASSERT_TRUE(sim.initialise());
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        vms_sdk_proto::CommonReq request;
+        request.set_request_id(row.name);
+        *request.mutable_channel_id() = channelOf(row.devId, row.channel);
+        request.set_req_json(row.json.toStdString());
+        const auto answer = ask<vms_sdk_proto::CommonRes>(sim, CommonReq, request, CommonRes);
+        EXPECT_EQ(answer.request_id(), row.name);
+        QJsonParseError error;
+        const QJsonDocument document =
+            QJsonDocument::fromJson(QByteArray::fromStdString(answer.res_json()), &error);
+        ASSERT_TRUE(document.isObject()) << answer.res_json();
+        EXPECT_EQ(document.object().value("method").toString(), row.method);
+        EXPECT_EQ(document.object().value("error").toObject().value("errorcode").toInt(-1),
+                  row.errorCode);
+        ASSERT_TRUE(document.object().value("result").isObject());
+        if (row.check)
+            row.check(document.object().value("result").toObject());
+    }
+}

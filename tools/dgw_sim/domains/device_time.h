@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// SPDX-FileCopyrightText: the vms_client_sdk developers
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+
+#include <string>
+
+namespace vms_dgw_sim {
+
+inline const QString deviceTimeFormat = QStringLiteral("yyyy-MM-dd hh:mm:ss");
+
+// Device times carry no zone. They are read and written as they are, counted as if they were
+// UTC so that no daylight-saving hour is lost or doubled in a generated series.
+inline bool parseDeviceTime(const std::string& text, qint64* seconds)
+{
+    QDateTime time = QDateTime::fromString(QString::fromStdString(text), deviceTimeFormat);
+    if (!time.isValid())
+        return false;
+    time.setTimeSpec(Qt::UTC);
+    *seconds = time.toSecsSinceEpoch();
+    return true;
+}
+
+inline QString deviceTimeText(qint64 seconds, const QString& format = deviceTimeFormat)
+{
+    return QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC).toString(format);
+}
+
+// The first multiple of `step` at or before `seconds`.
+inline qint64 alignDown(qint64 seconds, qint64 step)
+{
+    return seconds - ((seconds % step) + step) % step;
+}
+
+} // namespace vms_dgw_sim
