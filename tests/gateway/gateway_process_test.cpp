@@ -269,3 +269,31 @@ TEST(GatewayLifecycle, ReleaseStopsEveryGatewayAndLogsNothingAfterwards)
     ASSERT_FALSE(lines.isEmpty());
     EXPECT_TRUE(lines.last().endsWith(QStringLiteral("release vms client sdk")));
 }
+
+// A push the simulator is told to send reaches the application as its signal.
+TEST(GatewayLifecycle, ScheduledPushesReachTheApplication)
+{
+    const QString config = vms_test::tempDir() + QStringLiteral("/pushes.json");
+    QFile file(config);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(R"({"idleExitMs": 10000, "pushes": [
+        {"type": "devStatus", "afterMs": 10, "devId": "cam-1", "status": 1},
+        {"type": "alarm", "afterMs": 20, "alarmId": "a-1", "alarmType": "motion",
+         "channelId": {"devId": "cam-1", "channelIndex": 1}, "alarmName": "Motion"}]})");
+    file.close();
+    qputenv("VMS_DGW_SIM_CONFIG", config.toUtf8());
+
+    init_vms_client_sdk();
+    QSignalSpy status(ClientSignals::instance(), &ClientSignals::signalDevStatusPush);
+    QSignalSpy alarm(ClientSignals::instance(), &ClientSignals::signalCommonAlarmPush);
+    prepare_start_dgw_req(InitDgwCondition{}, QStringLiteral(VMS_DGW_SIM_PATH), 1);
+    ASSERT_TRUE(
+        vms_test::waitFor([&] { return status.count() == 1 && alarm.count() == 1; }, 20000));
+    EXPECT_EQ(status[0][0].toString(), "cam-1");
+    EXPECT_EQ(status[0][1].value<DevStatus>(), DevStatusOffline);
+    const auto pushed = alarm[0][0].value<AlarmInfo>();
+    EXPECT_EQ(pushed.alarmId, "a-1");
+    EXPECT_EQ(pushed.alarmType, "motion");
+    EXPECT_EQ(pushed.channelId.channelIndex, 1u);
+    release_vms_client_sdk();
+}
