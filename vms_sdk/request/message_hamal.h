@@ -6,6 +6,8 @@
 
 #include "vms_protocol/message_type.h"
 
+#include "vms_message.pb.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QObject>
@@ -15,7 +17,9 @@
 
 namespace vms_sdk {
 
+class CommonReqWorker;
 class RequestMgr;
+struct RequestRow;
 
 // The dispatcher: turns the application's requests into gateway messages and the gateway's
 // answers and pushes into ClientSignals.
@@ -50,12 +54,124 @@ Q_SIGNALS:
 public Q_SLOTS:
     void slotMessageComing(vms_sdk::MessageType msgType, const QByteArray& message);
 
+    // One slot per request signal of the hub, in the order of the request table. Each names
+    // its row (message_hamal_requests.cpp); the frames below do the rest.
+    void slotSearchDevsCmd();
+    void slotSetSearchDevsConfigCmd(const vms_sdk::SearchDevsConfig& config);
+    void slotBroadcastSearchDevsCmd();
+    void slotActivateDevsCmd(const vms_sdk::ActivateCondition& condition);
+    void slotGetDevSecretQuestionsCmd(const vms_sdk::GetDevSecretQuestionsCondition& condition);
+    void slotResetDevPwdCmd(const vms_sdk::ResetDevPwdCondition& condition);
+    void slotGetDevNetReq(const vms_sdk::DeviceCondition& condition);
+    void slotSetDevNetReq(const vms_sdk::SetDevNetCondition& condition);
+    void slotGetDevNetModeReq(const vms_sdk::DeviceCondition& condition);
+    void slotGetDevDisksInfoReq(const vms_sdk::DeviceCondition& condition);
+    void slotFormatDevDiskReq(const vms_sdk::FormatDiskCondition& condition);
+    void slotGetDevDiskFormattingProgressReq(const vms_sdk::FormatDiskCondition& condition);
+    void slotGetDevPlatformReq(const vms_sdk::GetDevPlatformCondition& condition);
+    void slotSetDevPlatformReq(const vms_sdk::SetDevPlatformCondition& condition);
+    void slotGetDevPlatform_kvrReq(const QString& requestId, const QString& devId);
+    void slotSetDevPlatform_kvrReq(const vms_sdk::SetDevPlatform_kvrCondition& condition);
+    void slotImportDevCertReq(const vms_sdk::ImportDevCertCondition& condition);
+    void slotGetDevQRCodeReq(const vms_sdk::DeviceCondition& condition);
+    void slotGetDevChannelsInfoCmd(const QString& devId);
+    void slotGetDevLogsReq(const QString& requestId, const QString& devId, const QDate& date);
+    void slotSearchVideoRecordingsReq(const vms_sdk::RecsSearchCondition& condition);
+    void slotGetVideoRecordingsCalendarMaskReq(const vms_sdk::GetCalendarMaskCondition& condition);
+    void slotGetRtspUrlReq(const vms_sdk::GetRtspUrlCondition& condition);
+    void slotGetPTZAbilityReq(const vms_sdk::ChannelCondition& condition);
+    void slotPTZAutoMoveReq(const vms_sdk::PTZAutoMoveCondition& condition);
+    void slotPTZCtrlReq(const vms_sdk::PTZCtrlCondition& condition);
+    void slotGetPresetsReq(const vms_sdk::ChannelCondition& condition);
+    void slotOperPresetReq(const vms_sdk::PresetOperCondition& condition);
+    void slotGetPatrolsReq(const vms_sdk::ChannelCondition& condition);
+    void slotOperPatrolReq(const vms_sdk::PatrolOperCondition& condition);
+    void slotOperPatrolPresetReq(const vms_sdk::PatrolPresetOperCondition& condition);
+    void slotSetPatrolPresetsReq(const vms_sdk::SetPatrolPresetsCondition& condition);
+    void slotPTZ3dLocateCmd(const vms_sdk::PTZ3dLocateCondition& condition);
+    void slotAddBulletTagPointReq(const vms_sdk::AddBulletTagPointCondition& condition);
+    void slotGetBulletTagPointsReq(const vms_sdk::ChannelCondition& condition);
+    void slotClearBulletTagPointsReq(const vms_sdk::ChannelCondition& condition);
+    void slotCalibrateBulletDomeReq(const vms_sdk::CalibrateBulletDomeCondition& condition);
+    void slotGetBulletDomeCalibrateStatusReq(const vms_sdk::ChannelCondition& condition);
+    void slotSetDomeTrackGuardInitialPosReq(const vms_sdk::ChannelCondition& condition);
+    void slotManualBulletDomeTrackCmd(const vms_sdk::ManualTrackCondition& condition);
+    void slotOpenDevRemoteConfigReq(const QString& devId, int language);
+    void slotCheckDevUpgradeReq(const vms_sdk::DevUpgradeCondtition& condition);
+    void slotDoDevUpgradeCmd(const vms_sdk::DevUpgradeCondtition& condition);
+    void slotGetDevUpgradeProgressReq(const QString& requestId, const QString& devId);
+    void slotModifyDevAccountReq(const vms_sdk::ModifyDevAccountCondition& condition);
+    void slotGetDevSysCfgReq(const QString& requestId, const QString& devId);
+    void slotSetDevSysCfgCmd(const QString& devId, const vms_sdk::DevSysCfgInfo& info);
+    void slotGetChannImageAdjustSettingsReq(const QString& requestId,
+                                            const vms_sdk::ChannelId& channelId);
+    void slotSetChannImageAdjustSettingsReq(const QString& requestId,
+                                            const vms_sdk::ChannelId& channelId,
+                                            const vms_sdk::ImageAdjustSettingInfo& info);
+    void slotGetChannImageAbilityReq(const vms_sdk::ChannelCondition& condition);
+    void slotGetChannImageSettingsReq(const vms_sdk::ChannelCondition& condition);
+    void slotSetChannImageSettingsCmd(const vms_sdk::ChannelId& channelId,
+                                      const vms_sdk::ImageSettingInfo& info);
+    void slotSetOSDReq(const vms_sdk::SetOSDCondition& condition);
+    void slotModifyDevNameReq(const vms_sdk::ModifyDevNameCondition& condition);
+    void slotAddFaceReq(const vms_sdk::ModifyFaceCondition& condition);
+    void slotEditFaceReq(const vms_sdk::ModifyFaceCondition& condition);
+    void slotGetFacesReq(const vms_sdk::GetFacesCondition& condition);
+    void slotGetFacesModelingStatusReq(const vms_sdk::AiChannelCondition& condition);
+    void slotDelFaceReq(const vms_sdk::DelFaceCondition& condition);
+    void slotDelFacesReq(const vms_sdk::DelFacesCondition& condition);
+    void slotGetFaceDetectRecordsReq(const vms_sdk::GetFaceDetectRecordsCondition& condition);
+    void slotClearFaceTemperatureCountCmd(const QString& devId);
+    void slotGetAllFaceGroupsReq(const vms_sdk::AiChannelCondition& condition);
+    void slotAddFaceGroupsReq(const vms_sdk::AddFaceGroupsCondition& condition);
+    void slotDeleteFaceGroupsReq(const vms_sdk::DeleteFaceGroupsCondition& condition);
+    void slotEditFaceGroupsReq(const vms_sdk::EditFaceGroupsCondition& condition);
+    void slotImportFaceLibraryReq(const vms_sdk::AiChannelCondition& condition);
+    void slotImportFaceLibraryProgressReq(const vms_sdk::AiChannelCondition& condition);
+    void slotExportFaceLibraryReq(const vms_sdk::AiChannelCondition& condition);
+    void slotExportFaceLibraryProgressReq(const vms_sdk::AiChannelCondition& condition);
+    void slotGetRegionTemperatureRecordsReq(
+        const vms_sdk::GetRegionTemperatureRecordsCondition& condition);
+    void slotGetAlarmRecordsReq(const vms_sdk::GetAlarmRecordsCondition& condition);
+    void slotGetTriggeredEventsReq(const vms_sdk::GetTriggeredEventsCondition& condition);
+    void slotGetEventRecordsReq(const vms_sdk::GetEventRecordsCondition& condition);
+    void
+    slotGetLicensePlateRecRecordsReq(const vms_sdk::GetLicensePlateRecRecordsCondition& condition);
+    void slotGetFaceRecRecordsReq(const vms_sdk::GetFaceRecRecordsCondition& condition);
+    void slotGetOtherEventRecordsReq(const QString& requestId, int pageNum);
+    void slotCancelAlarmReq(const vms_sdk::CancelAlarmCondition& condition);
+    void slotTriggerAlarmLinkReq(const vms_sdk::TriggerAlarmLinkCondition& condition);
+    void slotGetSnapImageReq(const vms_sdk::GetSnapImageCondition& condition);
+    void slotGetCustomersCountReq(const vms_sdk::GetCustomersCntCondition& condition);
+    void slotGetCustomersRegionsReq(const vms_sdk::ChannelCondition& condition);
+    void slotGetCustomersRegionAttentionReq(
+        const vms_sdk::GetCustomersRegionAttentionCondition& condition);
+    void slotGetCustomersHeatMapReq(const vms_sdk::GetCutomersHeatMapCondition& condition);
+    void slotGetCustomerGroupReq(const vms_sdk::GetCustomerGroupCondition& condition);
+    void slotGetParkingLockStatusReq(const vms_sdk::AiChannelCondition& condition);
+    void slotCtrlParkingLockReq(const vms_sdk::CtrlParkingLockCondition& condition);
+    void slotTalkOperReq(const vms_sdk::TalkOperCondition& condition);
+    void slotSpeakOperReq(const vms_sdk::SpeakOperCondition& condition);
+    void slotUploadFileReq(const vms_sdk::UploadFileCondition& condition);
+    void slotDownloadFileReq(const vms_sdk::DownloadFileCondition& condition);
+    void slotCommonReq(const QString& requestId, const QString& devId, const QString& reqJson);
+
 private:
     explicit MessageHamal(QObject* parent = nullptr);
+
+    // Registers (when the row says so), sends and logs one request.
+    void dispatch(const RequestRow& row, const QString& requestId, const QByteArray& payload,
+                  const QString& devId);
+    // A condition copied into its wire message field by field.
+    template<class Wire, class Condition>
+    void sendWire(const RequestRow& row, const Condition& condition);
+    // A JSON method, built by the CommonReqWorker.
+    void sendJson(const RequestRow& row, const vms_sdk_proto::CommonReq& request);
 
     friend struct IncomingRoutes;
 
     RequestMgr* m_requestMgr;
+    CommonReqWorker* m_commonReqWorker;
     SendOperation m_send;
     // Requests the application composed itself: their answers go out as signalCommonRes.
     QSet<QString> m_rawCommonRequests;
