@@ -503,9 +503,10 @@ void MessageHamal::slotGetFaceRecRecordsReq(const vms_sdk::GetFaceRecRecordsCond
 
 void MessageHamal::slotGetOtherEventRecordsReq(const QString& requestId, int pageNum)
 {
-    // The next page of an earlier query, asked for under the same request id.
-    const auto condition =
-        RequestData::instance()->condition<GetEventRecordsCondition>(requestId, false);
+    // The next page of an earlier query, asked for under the same request id; an id that was
+    // never stored still goes out, with an otherwise empty condition.
+    auto condition = RequestData::instance()->condition<GetEventRecordsCondition>(requestId, false);
+    condition.requestId = requestId;
     sendJson(requests::GetOtherEventRecords,
              m_commonReqWorker->getEventRecords(condition, pageNum));
 }
