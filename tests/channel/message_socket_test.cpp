@@ -95,11 +95,14 @@ TEST_F(MessageSocketTest, ConnectsOnAFirstTickSaysHelloAndReportsConnected)
     QSignalSpy status(channel.get(), &MessageSocket::signalConnectStatus);
     QLocalSocket* peer = accept();
     ASSERT_NE(peer, nullptr);
-    EXPECT_EQ(readFromPeer(peer, 13).toHex(), QByteArray("0000000000000001" "03" "ffffffff"));
+    EXPECT_EQ(readFromPeer(peer, 13).toHex(), QByteArray("0000000000000001"
+                                                         "03"
+                                                         "ffffffff"));
     ASSERT_TRUE(vms_test::waitFor([&] { return status.count() == 1; }));
     EXPECT_EQ(status[0][0].value<ConnStatus>(), ConnStatusConnected);
-    EXPECT_EQ(countLines(QStringLiteral("[info] [vms_client_sdk:]    message socket connected to dgw")),
-              1);
+    EXPECT_EQ(
+        countLines(QStringLiteral("[info] [vms_client_sdk:]    message socket connected to dgw")),
+        1);
     EXPECT_FALSE(channel->isReady());
 }
 
@@ -124,7 +127,9 @@ TEST_F(MessageSocketTest, DeliversFramesWholeAndInOrderHoweverTheyAreWritten)
     const Row rows[] = {
         {"two frames in one write", {a + b}, {{21, "answer"}, {40, "push"}}},
         {"length alone, then the rest", {a.left(8), a.mid(8)}, {{21, "answer"}}},
-        {"split inside the size field", {a.left(11), a.mid(11) + b}, {{21, "answer"}, {40, "push"}}},
+        {"split inside the size field",
+         {a.left(11), a.mid(11) + b},
+         {{21, "answer"}, {40, "push"}}},
         {"split one byte before the end", {a.left(a.size() - 1), a.right(1)}, {{21, "answer"}}},
         {"1 MiB in 64 KiB pieces", bigPieces, {{102, big}}},
     };
@@ -164,8 +169,8 @@ TEST_F(MessageSocketTest, ThirtyQuietAttemptsThenOneTimeOut)
     const QStringList lines = logLines();
     ASSERT_EQ(lines.size(), 31);
     for (int i = 0; i < 30; ++i)
-        EXPECT_TRUE(lines[i].endsWith(
-            QStringLiteral("[vms_client_sdk:]    message socket try connect to dgw, socket state:0")))
+        EXPECT_TRUE(lines[i].endsWith(QStringLiteral(
+            "[vms_client_sdk:]    message socket try connect to dgw, socket state:0")))
             << lines[i].toStdString();
     EXPECT_TRUE(lines[30].endsWith(QStringLiteral("message socket connect to dgw time out")));
     // Server-not-found errors on every attempt were silent.
@@ -207,8 +212,9 @@ TEST_F(MessageSocketTest, FourLossesPushDevicesOfflineAndAskForRestartsTheFifthG
         // The retry counter stops on the tick after the connection; until then a loss would
         // be followed by a reconnection of the channel's own.
         ASSERT_TRUE(vms_test::waitFor([&] {
-            return countLines(QStringLiteral("socket state:%1")
-                                  .arg(int(QLocalSocket::ConnectedState))) == loss;
+            return countLines(
+                       QStringLiteral("socket state:%1").arg(int(QLocalSocket::ConnectedState))) ==
+                   loss;
         }));
         peer->disconnectFromServer();
         ASSERT_TRUE(vms_test::waitFor([&] { return channel->disconnectCount() == loss; }))
