@@ -12,6 +12,7 @@
 #include "vms_kit/vms_kit.h"
 #include "vms_sdk/client/message_signals.h"
 #include "vms_sdk/json_methods/common_req_worker.h"
+#include "vms_sdk/request/condition_head.h"
 #include "vms_sdk/request/conversions/device_conversions.h"
 #include "vms_sdk/request/conversions/face_conversions.h"
 #include "vms_sdk/request/conversions/media_conversions.h"
@@ -55,17 +56,6 @@ QByteArray payloadOf(const Condition& condition)
     Wire wire;
     conversion::fillWire(condition, wire);
     return bytes(wire);
-}
-
-template<class Condition>
-QString devIdOf(const Condition& condition)
-{
-    if constexpr (requires { condition.devId; })
-        return condition.devId;
-    else if constexpr (requires { condition.channelId.devId; })
-        return condition.channelId.devId;
-    else
-        return {};
 }
 
 QByteArray remoteConfig(const QString& devId, int language)

@@ -8,6 +8,7 @@
 
 #include "vms_sdk/client/sdk_log.h"
 #include "vms_sdk/json_methods/common_req_worker.h"
+#include "vms_sdk/request/condition_head.h"
 #include "vms_sdk/request/conversions/device_conversions.h"
 #include "vms_sdk/request/conversions/face_conversions.h"
 #include "vms_sdk/request/conversions/media_conversions.h"
@@ -24,29 +25,6 @@ namespace {
 QByteArray serialized(const google::protobuf::MessageLite& message)
 {
     return QByteArray::fromStdString(message.SerializeAsString());
-}
-
-// The head of a condition: its request id and the device that picks the gateway. Conditions
-// of devices that are not managed yet (activation, password reset, search settings) have
-// neither and go to the first gateway.
-template<class Condition>
-QString requestIdOf(const Condition& condition)
-{
-    if constexpr (requires { condition.requestId; })
-        return condition.requestId;
-    else
-        return {};
-}
-
-template<class Condition>
-QString devIdOf(const Condition& condition)
-{
-    if constexpr (requires { condition.devId; })
-        return condition.devId;
-    else if constexpr (requires { condition.channelId.devId; })
-        return condition.channelId.devId;
-    else
-        return {};
 }
 
 } // namespace
