@@ -35,8 +35,7 @@ template<typename Command>
 QByteArray devicesCommand(const QList<DevInfo>& devs)
 {
     Command command;
-    for (const DevInfo& dev : devs)
-        *command.add_devs() = conversion::toWire(dev);
+    conversion::fillWire(devs, command);
     return serialized(command);
 }
 
