@@ -11,8 +11,24 @@
 #include <QJsonDocument>
 #include <QSet>
 
+#include <type_traits>
+
 namespace vms_dgw_sim {
 namespace {
+
+// Fails `key` when an earlier object of the same list had the same value there: ids, numbers
+// and serial numbers each name one thing. Text is quoted so that blanks show.
+template<typename T>
+void rejectRepeat(JsonFields& fields, const QString& key, const T& value, QSet<T>* seen)
+{
+    if (fields.ok() && seen->contains(value)) {
+        if constexpr (std::is_same_v<T, QString>)
+            fields.fail(key, QStringLiteral("\"%1\" appears twice").arg(value));
+        else
+            fields.fail(key, QStringLiteral("%1 appears twice").arg(value));
+    }
+    seen->insert(value);
+}
 
 // A small network that makes the gateway useful with no config at all: two cameras and a
 // recorder with four cameras behind it, with a few AI abilities, a face library, presets and
@@ -70,9 +86,7 @@ QList<Ability> readAbilities(JsonFields& owner)
         ability.name = fields.text(QStringLiteral("name"));
         ability.state = fields.int32(QStringLiteral("state"));
         ability.enabled = fields.flag(QStringLiteral("enabled"));
-        if (fields.ok() && ids.contains(ability.id))
-            fields.fail(QStringLiteral("id"), QStringLiteral("%1 appears twice").arg(ability.id));
-        ids.insert(ability.id);
+        rejectRepeat(fields, QStringLiteral("id"), ability.id, &ids);
         fields.finish();
         abilities.append(ability);
     }
@@ -90,10 +104,7 @@ QList<Preset> readPresets(JsonFields& channel)
             fields.fail(QStringLiteral("number"), QStringLiteral("missing"));
         preset.name =
             fields.text(QStringLiteral("name"), QStringLiteral("Preset %1").arg(preset.number));
-        if (fields.ok() && numbers.contains(preset.number))
-            fields.fail(QStringLiteral("number"),
-                        QStringLiteral("%1 appears twice").arg(preset.number));
-        numbers.insert(preset.number);
+        rejectRepeat(fields, QStringLiteral("number"), preset.number, &numbers);
         fields.finish();
         presets.append(preset);
     }
@@ -123,10 +134,7 @@ QList<Patrol> readPatrols(JsonFields& channel, const QList<Preset>& presets)
             stopFields.finish();
             patrol.stops.append(stop);
         }
-        if (fields.ok() && indexes.contains(patrol.index))
-            fields.fail(QStringLiteral("index"),
-                        QStringLiteral("%1 appears twice").arg(patrol.index));
-        indexes.insert(patrol.index);
+        rejectRepeat(fields, QStringLiteral("index"), patrol.index, &indexes);
         fields.finish();
         patrols.append(patrol);
     }
@@ -150,10 +158,7 @@ QList<Face> readFaces(JsonFields& channel)
         face.validTime = fields.text(QStringLiteral("validTime"));
         face.invalidTime = fields.text(QStringLiteral("invalidTime"));
         face.picture = fields.base64(QStringLiteral("picture"));
-        if (fields.ok() && serials.contains(face.serialNum))
-            fields.fail(QStringLiteral("serialNum"),
-                        QStringLiteral("\"%1\" appears twice").arg(face.serialNum));
-        serials.insert(face.serialNum);
+        rejectRepeat(fields, QStringLiteral("serialNum"), face.serialNum, &serials);
         fields.finish();
         faces.append(face);
     }
@@ -261,11 +266,7 @@ SimDevice readDevice(JsonFields& fields)
         for (JsonFields channelFields : channels) {
             const SimChannel channel =
                 readChannel(channelFields, quint32(device.channels.size() + 1), device);
-            if (channelFields.ok() && indexes.contains(channel.index)) {
-                channelFields.fail(QStringLiteral("index"),
-                                   QStringLiteral("%1 appears twice").arg(channel.index));
-            }
-            indexes.insert(channel.index);
+            rejectRepeat(channelFields, QStringLiteral("index"), channel.index, &indexes);
             device.channels.append(channel);
         }
     } else {
@@ -285,10 +286,7 @@ QList<SimDevice> readDevices(JsonFields& root)
     QSet<QString> ids;
     for (JsonFields& fields : root.objects(QStringLiteral("devices"))) {
         const SimDevice device = readDevice(fields);
-        if (fields.ok() && ids.contains(device.id))
-            fields.fail(QStringLiteral("id"),
-                        QStringLiteral("\"%1\" appears twice").arg(device.id));
-        ids.insert(device.id);
+        rejectRepeat(fields, QStringLiteral("id"), device.id, &ids);
         devices.append(device);
     }
     return devices;

@@ -5,6 +5,7 @@
 #include "config.h"
 #include "device_model.h"
 #include "pushes.h"
+#include "serve_frames.h"
 #include "sim_log.h"
 
 #include "vms_protocol/message_type.h"
@@ -12,7 +13,6 @@
 #include <QCoreApplication>
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QPointer>
 #include <QTimer>
 
 #include <algorithm>
@@ -105,19 +105,10 @@ SimConnection::SimConnection(QLocalSocket* socket, SimServer& server, int number
     m_outboxTimer->setSingleShot(true);
     m_outboxTimer->setTimerType(Qt::PreciseTimer);
     connect(m_outboxTimer, &QTimer::timeout, this, &SimConnection::drain);
-    connect(m_socket, &QLocalSocket::readyRead, this, &SimConnection::readFrames);
-    connect(m_socket, &QLocalSocket::disconnected, this, [this] {
-        log(QStringLiteral("disconnected"));
-        deleteLater();
-    });
-    log(QStringLiteral("connected"));
-    // Bytes may have arrived before the signals were connected, or the client may already be
-    // gone again.
-    readFrames();
-    if (m_socket->state() == QLocalSocket::UnconnectedState) {
-        log(QStringLiteral("disconnected"));
-        deleteLater();
-    }
+    serveFrames(
+        this, m_socket, &m_reader, [this] { return !m_closing && !m_server.exiting(); },
+        [this](const vms_sdk::Frame& frame) { dispatch(frame); },
+        [this](const QString& text) { log(text); });
 }
 
 DeviceModel& SimConnection::model()
@@ -156,14 +147,6 @@ void SimConnection::exitProcess()
 {
     m_socket->flush();
     m_server.exit();
-}
-
-void SimConnection::readFrames()
-{
-    QPointer<SimConnection> self(this);
-    vms_sdk::Frame frame;
-    while (self && !m_closing && !m_server.exiting() && m_reader.read(*m_socket, frame))
-        dispatch(frame);
 }
 
 void SimConnection::dispatch(const vms_sdk::Frame& frame)

@@ -89,7 +89,6 @@ private:
         QByteArray payload;
     };
 
-    void readFrames();
     void dispatch(const vms_sdk::Frame& frame);
     void enqueue(Outgoing item);
     void drain();

@@ -2,13 +2,13 @@
 // SPDX-FileCopyrightText: the vms_client_sdk developers
 #include "streams.h"
 
+#include "serve_frames.h"
 #include "sim_log.h"
 
 #include "vms_protocol/message_type.h"
 
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QPointer>
 
 namespace vms_dgw_sim {
 
@@ -40,25 +40,10 @@ StreamConnection::StreamConnection(QLocalSocket* socket, int number, QObject* pa
     , m_name(QStringLiteral("stream %1").arg(number))
 {
     m_socket->setParent(this);
-    connect(m_socket, &QLocalSocket::readyRead, this, &StreamConnection::readFrames);
-    connect(m_socket, &QLocalSocket::disconnected, this, [this] {
-        log(QStringLiteral("disconnected"));
-        deleteLater();
-    });
-    log(QStringLiteral("connected"));
-    readFrames();
-    if (m_socket->state() == QLocalSocket::UnconnectedState) {
-        log(QStringLiteral("disconnected"));
-        deleteLater();
-    }
-}
-
-void StreamConnection::readFrames()
-{
-    QPointer<StreamConnection> self(this);
-    vms_sdk::Frame frame;
-    while (self && m_reader.read(*m_socket, frame))
-        handle(frame);
+    serveFrames(
+        this, m_socket, &m_reader, [] { return true; },
+        [this](const vms_sdk::Frame& frame) { handle(frame); },
+        [this](const QString& text) { log(text); });
 }
 
 void StreamConnection::handle(const vms_sdk::Frame& frame)

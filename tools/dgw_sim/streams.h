@@ -39,7 +39,6 @@ public:
     StreamConnection(QLocalSocket* socket, int number, QObject* parent);
 
 private:
-    void readFrames();
     void handle(const vms_sdk::Frame& frame);
     void log(const QString& text);
 

@@ -2,6 +2,8 @@
 // SPDX-FileCopyrightText: the vms_client_sdk developers
 #pragma once
 
+#include "../outcome.h"
+
 #include <QDateTime>
 #include <QString>
 
@@ -32,6 +34,22 @@ inline QString deviceTimeText(qint64 seconds, const QString& format = deviceTime
 inline qint64 alignDown(qint64 seconds, qint64 step)
 {
     return seconds - ((seconds % step) + step) % step;
+}
+
+struct TimeRange
+{
+    qint64 begin = 0;
+    qint64 end = 0;
+};
+
+// The begin and end times of a search request.
+template<typename Request>
+Outcome readTimeRange(const Request& request, TimeRange* range)
+{
+    if (parseDeviceTime(request.begin_time(), &range->begin) &&
+        parseDeviceTime(request.end_time(), &range->end))
+        return {};
+    return {InvalidArgument, QStringLiteral("times are written yyyy-MM-dd hh:mm:ss")};
 }
 
 } // namespace vms_dgw_sim

@@ -9,9 +9,7 @@
 // library's, with a stranger now and then.
 
 #include "device_time.h"
-#include "handler.h"
-
-#include "../device_model.h"
+#include "exchange.h"
 
 #include "vms_protocol/message_type.h"
 
@@ -40,111 +38,100 @@ Page page(quint32 number, quint32 size, qint64 total)
 
 void addFace(Session& session, const QByteArray& payload)
 {
-    vms_sdk_proto::AddFaceReq request;
-    if (!parsePayload(session, AddFaceReq, payload, &request))
+    Exchange<vms_sdk_proto::AddFaceReq, vms_sdk_proto::Response> call;
+    if (!call.readForChannel(session, AddFaceReq, payload))
         return;
-    vms_sdk_proto::Response message;
-    message.set_request_id(request.request_id());
-    SimDevice* device = nullptr;
-    SimChannel* channel = nullptr;
-    Outcome outcome = session.model().reach(request.channel_id(), &device, &channel);
-    const QString serial = text(request.serial_num());
-    if (outcome.ok() && serial.isEmpty())
-        outcome = {InvalidArgument, QStringLiteral("a face needs a serial number")};
+    const QString serial = text(call.request.serial_num());
+    if (call.outcome.ok() && serial.isEmpty())
+        call.outcome = {InvalidArgument, QStringLiteral("a face needs a serial number")};
     qint32 index = 1;
-    if (outcome.ok()) {
-        for (const Face& face : std::as_const(channel->faces)) {
+    if (call.outcome.ok()) {
+        for (const Face& face : std::as_const(call.channel->faces)) {
             if (face.serialNum == serial)
-                outcome = {AlreadyExists, QStringLiteral("face %1 is in the library").arg(serial)};
+                call.outcome = {AlreadyExists,
+                                QStringLiteral("face %1 is in the library").arg(serial)};
             index = qMax(index, face.index + 1);
         }
     }
-    if (outcome.ok()) {
+    if (call.outcome.ok()) {
         Face face;
         face.index = index;
         face.serialNum = serial;
-        face.name = text(request.name());
-        for (const std::string& organization : request.organizations())
+        face.name = text(call.request.name());
+        for (const std::string& organization : call.request.organizations())
             face.organizations.append(text(organization));
-        face.gender = request.attr_6();
-        face.age = request.attr_7();
-        face.libraryId = request.attr_8();
-        face.faceType = text(request.face_type());
-        face.validTime = text(request.valid_time());
-        face.invalidTime = text(request.invalid_time());
-        face.picture = QByteArray::fromStdString(request.attr_12());
-        channel->faces.append(face);
+        face.gender = call.request.attr_6();
+        face.age = call.request.attr_7();
+        face.libraryId = call.request.attr_8();
+        face.faceType = text(call.request.face_type());
+        face.validTime = text(call.request.valid_time());
+        face.invalidTime = text(call.request.invalid_time());
+        face.picture = QByteArray::fromStdString(call.request.attr_12());
+        call.channel->faces.append(face);
     }
-    answer(session, AddFaceRes, message, outcome,
-           QStringLiteral("add face %1 to %2").arg(serial, channelName(request.channel_id())));
+    call.answer(
+        session, AddFaceRes,
+        QStringLiteral("add face %1 to %2").arg(serial, channelName(call.request.channel_id())));
 }
 
 void getFaces(Session& session, const QByteArray& payload)
 {
-    vms_sdk_proto::GetFacesReq request;
-    if (!parsePayload(session, GetFacesReq, payload, &request))
+    Exchange<vms_sdk_proto::GetFacesReq, vms_sdk_proto::GetFacesRes> call;
+    if (!call.readForChannel(session, GetFacesReq, payload))
         return;
-    vms_sdk_proto::GetFacesRes message;
-    message.set_request_id(request.request_id());
-    SimDevice* device = nullptr;
-    SimChannel* channel = nullptr;
-    const Outcome outcome = session.model().reach(request.channel_id(), &device, &channel);
-    if (outcome.ok()) {
+    if (call.outcome.ok()) {
         QList<const Face*> matching;
-        for (const Face& face : std::as_const(channel->faces)) {
-            if (request.attr_5() == 0 || face.libraryId == qint32(request.attr_5()))
+        for (const Face& face : std::as_const(call.channel->faces)) {
+            if (call.request.attr_5() == 0 || face.libraryId == qint32(call.request.attr_5()))
                 matching.append(&face);
         }
-        const Page range = page(request.attr_3(), request.attr_4(), matching.size());
+        const Page range = page(call.request.attr_3(), call.request.attr_4(), matching.size());
         for (qint64 i = range.first; i < range.first + range.count; ++i) {
             const Face& face = *matching.at(int(i));
-            vms_sdk_proto::FaceInfo* info = message.add_faces();
+            vms_sdk_proto::FaceInfo* info = call.message.add_faces();
             info->set_attr_1(face.index);
             info->set_serial_num(utf8(face.serialNum));
             info->set_name(utf8(face.name));
             info->set_face_type(utf8(face.faceType));
             info->set_face_url(utf8(QStringLiteral("http://%1:%2/faces/ch%3/%4.jpg")
-                                        .arg(device->ip)
-                                        .arg(device->httpPort)
-                                        .arg(channel->index)
+                                        .arg(call.device->ip)
+                                        .arg(call.device->httpPort)
+                                        .arg(call.channel->index)
                                         .arg(face.index)));
             info->set_attr_6(face.gender);
             info->set_attr_7(face.age);
-            if (request.attr_6())
+            if (call.request.attr_6())
                 info->set_attr_8(face.picture.toStdString());
             info->set_valid_time(utf8(face.validTime));
             info->set_invalid_time(utf8(face.invalidTime));
             for (const QString& organization : face.organizations)
                 info->add_organizations(utf8(organization));
         }
-        message.set_attr_4(quint32(matching.size()));
+        call.message.set_attr_4(quint32(matching.size()));
     }
-    answer(session, GetFacesRes, message, outcome,
-           QStringLiteral("faces of %1, page %2 of size %3 (%4 of %5)")
-               .arg(channelName(request.channel_id()))
-               .arg(request.attr_3())
-               .arg(request.attr_4())
-               .arg(message.faces_size())
-               .arg(message.attr_4()));
+    call.answer(session, GetFacesRes,
+                QStringLiteral("faces of %1, page %2 of size %3 (%4 of %5)")
+                    .arg(channelName(call.request.channel_id()))
+                    .arg(call.request.attr_3())
+                    .arg(call.request.attr_4())
+                    .arg(call.message.faces_size())
+                    .arg(call.message.attr_4()));
 }
 
 void deleteFace(Session& session, const QByteArray& payload)
 {
-    vms_sdk_proto::DelFaceReq request;
-    if (!parsePayload(session, DelFaceReq, payload, &request))
+    Exchange<vms_sdk_proto::DelFaceReq, vms_sdk_proto::Response> call;
+    if (!call.readForChannel(session, DelFaceReq, payload))
         return;
-    vms_sdk_proto::Response message;
-    message.set_request_id(request.request_id());
-    SimDevice* device = nullptr;
-    SimChannel* channel = nullptr;
-    Outcome outcome = session.model().reach(request.channel_id(), &device, &channel);
-    const qint32 index = request.attr_3();
-    if (outcome.ok() &&
-        eraseIf(channel->faces, [index](const Face& face) { return face.index == index; }) == 0)
-        outcome = {NotFound, QStringLiteral("no face %1").arg(index)};
-    answer(
-        session, DelFaceRes, message, outcome,
-        QStringLiteral("delete face %1 of %2").arg(index).arg(channelName(request.channel_id())));
+    const qint32 index = call.request.attr_3();
+    if (call.outcome.ok() && eraseIf(call.channel->faces, [index](const Face& face) {
+                                 return face.index == index;
+                             }) == 0)
+        call.outcome = {NotFound, QStringLiteral("no face %1").arg(index)};
+    call.answer(session, DelFaceRes,
+                QStringLiteral("delete face %1 of %2")
+                    .arg(index)
+                    .arg(channelName(call.request.channel_id())));
 }
 
 // The record of detection slot `slot` (its time divided by the spacing). Everything in it
@@ -172,38 +159,30 @@ void fillDetection(const SimChannel& channel, qint64 slot, qint64 seconds,
 
 void getFaceDetectRecords(Session& session, const QByteArray& payload)
 {
-    vms_sdk_proto::GetFaceDetectRecordsReq request;
-    if (!parsePayload(session, GetFaceDetectRecordsReq, payload, &request))
+    Exchange<vms_sdk_proto::GetFaceDetectRecordsReq, vms_sdk_proto::GetFaceDetectRecordsRes> call;
+    if (!call.readForChannel(session, GetFaceDetectRecordsReq, payload))
         return;
-    vms_sdk_proto::GetFaceDetectRecordsRes message;
-    message.set_request_id(request.request_id());
-    SimDevice* device = nullptr;
-    SimChannel* channel = nullptr;
-    Outcome outcome = session.model().reach(request.channel_id(), &device, &channel);
-    qint64 begin = 0;
-    qint64 end = 0;
-    if (outcome.ok() && (!parseDeviceTime(request.begin_time(), &begin) ||
-                         !parseDeviceTime(request.end_time(), &end))) {
-        outcome = {InvalidArgument, QStringLiteral("times are written yyyy-MM-dd hh:mm:ss")};
-    }
-    if (outcome.ok()) {
-        const qint64 step = qint64(device->faceRecordMinutes) * 60;
+    TimeRange span;
+    if (call.outcome.ok())
+        call.outcome = readTimeRange(call.request, &span);
+    if (call.outcome.ok()) {
+        const qint64 step = qint64(call.device->faceRecordMinutes) * 60;
         // Both ends count: a record at the very second the range ends is in it.
-        const qint64 first = alignDown(begin - 1, step) + step;
-        const qint64 total = end < first ? 0 : (end - first) / step + 1;
-        const Page range = page(request.attr_3(), request.attr_4(), total);
+        const qint64 first = alignDown(span.begin - 1, step) + step;
+        const qint64 total = span.end < first ? 0 : (span.end - first) / step + 1;
+        const Page range = page(call.request.attr_3(), call.request.attr_4(), total);
         for (qint64 i = range.first; i < range.first + range.count; ++i) {
             const qint64 seconds = first + i * step;
-            fillDetection(*channel, seconds / step, seconds, message.add_records());
+            fillDetection(*call.channel, seconds / step, seconds, call.message.add_records());
         }
-        message.set_attr_4(quint32(qMin<qint64>(total, std::numeric_limits<quint32>::max())));
+        call.message.set_attr_4(quint32(qMin<qint64>(total, std::numeric_limits<quint32>::max())));
     }
-    answer(session, GetFaceDetectRecordsRes, message, outcome,
-           QStringLiteral("face records of %1 from %2 to %3 (%4 of %5)")
-               .arg(channelName(request.channel_id()), text(request.begin_time()),
-                    text(request.end_time()))
-               .arg(message.records_size())
-               .arg(message.attr_4()));
+    call.answer(session, GetFaceDetectRecordsRes,
+                QStringLiteral("face records of %1 from %2 to %3 (%4 of %5)")
+                    .arg(channelName(call.request.channel_id()), text(call.request.begin_time()),
+                         text(call.request.end_time()))
+                    .arg(call.message.records_size())
+                    .arg(call.message.attr_4()));
 }
 
 void clearFaceCount(Session& session, const QByteArray& payload)

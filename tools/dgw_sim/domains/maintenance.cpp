@@ -8,7 +8,7 @@
 // yet, by serial number, and their answers carry a result number instead of an Error.
 
 #include "device_time.h"
-#include "handler.h"
+#include "exchange.h"
 
 #include "../config.h"
 #include "../device_model.h"
@@ -77,18 +77,14 @@ void fillUpgrade(DeviceModel& model, SimDevice* device, vms_sdk_proto::DevUpgrad
 
 void checkUpgrade(Session& session, const QByteArray& payload)
 {
-    vms_sdk_proto::DevUpgradeReq request;
-    if (!parsePayload(session, CheckDevUpgradeReq, payload, &request))
+    Exchange<vms_sdk_proto::DevUpgradeReq, vms_sdk_proto::DevUpgradeRes> call;
+    if (!call.readForDevice(session, CheckDevUpgradeReq, payload))
         return;
-    vms_sdk_proto::DevUpgradeRes message;
-    message.set_request_id(request.request_id());
-    SimDevice* device = nullptr;
-    const Outcome outcome = session.model().reach(text(request.dev_id()), &device);
-    if (outcome.ok())
-        fillUpgrade(session.model(), device, &message);
-    answer(session, CheckDevUpgradeRes, message, outcome,
-           QStringLiteral("upgrade check of %1 (offered: \"%2\")")
-               .arg(text(request.dev_id()), text(message.new_version_name())));
+    if (call.outcome.ok())
+        fillUpgrade(session.model(), call.device, &call.message);
+    call.answer(session, CheckDevUpgradeRes,
+                QStringLiteral("upgrade check of %1 (offered: \"%2\")")
+                    .arg(text(call.request.dev_id()), text(call.message.new_version_name())));
 }
 
 void startUpgrade(Session& session, const QByteArray& payload)
@@ -133,19 +129,15 @@ void startUpgrade(Session& session, const QByteArray& payload)
 
 void upgradeProgress(Session& session, const QByteArray& payload)
 {
-    vms_sdk_proto::DeviceReq request;
-    if (!parsePayload(session, GetDevUpgradeProgressReq, payload, &request))
+    Exchange<vms_sdk_proto::DeviceReq, vms_sdk_proto::DevUpgradeRes> call;
+    if (!call.readForDevice(session, GetDevUpgradeProgressReq, payload))
         return;
-    vms_sdk_proto::DevUpgradeRes message;
-    message.set_request_id(request.request_id());
-    SimDevice* device = nullptr;
-    const Outcome outcome = session.model().reach(text(request.dev_id()), &device);
-    if (outcome.ok())
-        fillUpgrade(session.model(), device, &message);
-    answer(session, GetDevUpgradeProgressRes, message, outcome,
-           QStringLiteral("upgrade progress of %1 (%2 %3%)")
-               .arg(text(request.dev_id()), text(message.phase()))
-               .arg(message.attr_7()));
+    if (call.outcome.ok())
+        fillUpgrade(session.model(), call.device, &call.message);
+    call.answer(session, GetDevUpgradeProgressRes,
+                QStringLiteral("upgrade progress of %1 (%2 %3%)")
+                    .arg(text(call.request.dev_id()), text(call.message.phase()))
+                    .arg(call.message.attr_7()));
 }
 
 void modifyAccount(Session& session, const QByteArray& payload)

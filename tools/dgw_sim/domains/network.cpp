@@ -3,9 +3,7 @@
 //
 // A device's network settings, the platforms it registers with and its certificates.
 
-#include "handler.h"
-
-#include "../device_model.h"
+#include "exchange.h"
 
 #include "vms_protocol/message_type.h"
 
@@ -39,17 +37,13 @@ bool isIpv4(const QString& text)
 
 void getNet(Session& session, const QByteArray& payload)
 {
-    vms_sdk_proto::DevNetGetReq request;
-    if (!parsePayload(session, DevNetGetReq, payload, &request))
+    Exchange<vms_sdk_proto::DevNetGetReq, vms_sdk_proto::DevNetGetRes> call;
+    if (!call.readForDevice(session, DevNetGetReq, payload))
         return;
-    vms_sdk_proto::DevNetGetRes message;
-    message.set_request_id(request.request_id());
-    SimDevice* device = nullptr;
-    const Outcome outcome = session.model().reach(text(request.dev_id()), &device);
-    if (outcome.ok())
-        fillNet(*device, message.mutable_net_info());
-    answer(session, DevNetGetRes, message, outcome,
-           QStringLiteral("net configuration of %1").arg(text(request.dev_id())));
+    if (call.outcome.ok())
+        fillNet(*call.device, call.message.mutable_net_info());
+    call.answer(session, DevNetGetRes,
+                QStringLiteral("net configuration of %1").arg(text(call.request.dev_id())));
 }
 
 Outcome storeNet(DeviceModel& model, SimDevice* device, const vms_sdk_proto::DevNetInfo& info)
@@ -77,120 +71,99 @@ Outcome storeNet(DeviceModel& model, SimDevice* device, const vms_sdk_proto::Dev
 
 void setNet(Session& session, const QByteArray& payload)
 {
-    vms_sdk_proto::DevNetSetReq request;
-    if (!parsePayload(session, DevNetSetReq, payload, &request))
+    Exchange<vms_sdk_proto::DevNetSetReq, vms_sdk_proto::DevNetSetRes> call;
+    if (!call.readForDevice(session, DevNetSetReq, payload))
         return;
-    vms_sdk_proto::DevNetSetRes message;
-    message.set_request_id(request.request_id());
-    message.set_dev_id(request.dev_id());
-    SimDevice* device = nullptr;
-    Outcome outcome = session.model().reach(text(request.dev_id()), &device);
-    if (outcome.ok())
-        outcome = storeNet(session.model(), device, request.net_info());
-    if (outcome.ok())
-        message.set_dev_ip(utf8(device->ip));
-    answer(session, DevNetSetRes, message, outcome,
-           QStringLiteral("set net configuration of %1").arg(text(request.dev_id())));
+    call.message.set_dev_id(call.request.dev_id());
+    if (call.outcome.ok())
+        call.outcome = storeNet(session.model(), call.device, call.request.net_info());
+    if (call.outcome.ok())
+        call.message.set_dev_ip(utf8(call.device->ip));
+    call.answer(session, DevNetSetRes,
+                QStringLiteral("set net configuration of %1").arg(text(call.request.dev_id())));
 }
 
 void getPlatform(Session& session, const QByteArray& payload)
 {
-    vms_sdk_proto::DevPlatformGetReq request;
-    if (!parsePayload(session, DevPlatformGetReq, payload, &request))
+    Exchange<vms_sdk_proto::DevPlatformGetReq, vms_sdk_proto::DevPlatformGetRes> call;
+    if (!call.readForDevice(session, DevPlatformGetReq, payload))
         return;
-    vms_sdk_proto::DevPlatformGetRes message;
-    message.set_request_id(request.request_id());
-    SimDevice* device = nullptr;
-    const Outcome outcome = session.model().reach(text(request.dev_id()), &device);
-    if (outcome.ok()) {
-        const Platform& platform = device->platform;
-        vms_sdk_proto::DevPlatformInfo* info = message.mutable_platform_info();
+    if (call.outcome.ok()) {
+        const Platform& platform = call.device->platform;
+        vms_sdk_proto::DevPlatformInfo* info = call.message.mutable_platform_info();
         info->set_attr_1(platform.enabled);
         info->set_platform_addr(utf8(platform.address));
         // Registered only when asked for: finding out costs a real device a round trip. A
         // simulated platform accepts every device that is told where it is.
-        info->set_attr_3(request.attr_4() && platform.enabled && !platform.address.isEmpty());
+        info->set_attr_3(call.request.attr_4() && platform.enabled && !platform.address.isEmpty());
         info->set_attr_4(platform.port);
         info->set_attr_5(platform.protocolType);
     }
-    answer(session, DevPlatformGetRes, message, outcome,
-           QStringLiteral("platform configuration of %1").arg(text(request.dev_id())));
+    call.answer(session, DevPlatformGetRes,
+                QStringLiteral("platform configuration of %1").arg(text(call.request.dev_id())));
 }
 
 void setPlatform(Session& session, const QByteArray& payload)
 {
-    vms_sdk_proto::DevPlatformSetReq request;
-    if (!parsePayload(session, DevPlatformSetReq, payload, &request))
+    Exchange<vms_sdk_proto::DevPlatformSetReq, vms_sdk_proto::Response> call;
+    if (!call.readForDevice(session, DevPlatformSetReq, payload))
         return;
-    vms_sdk_proto::Response message;
-    message.set_request_id(request.request_id());
-    SimDevice* device = nullptr;
-    const Outcome outcome = session.model().reach(text(request.dev_id()), &device);
-    if (outcome.ok()) {
-        const vms_sdk_proto::DevPlatformInfo& info = request.platform_info();
+    if (call.outcome.ok()) {
+        const vms_sdk_proto::DevPlatformInfo& info = call.request.platform_info();
         // attr_3 is the registration state, which the device reports and nobody sets.
-        device->platform = {info.attr_1(), text(info.platform_addr()), info.attr_4(),
-                            info.attr_5()};
+        call.device->platform = {info.attr_1(), text(info.platform_addr()), info.attr_4(),
+                                 info.attr_5()};
     }
-    answer(session, DevPlatformSetRes, message, outcome,
-           QStringLiteral("set platform configuration of %1").arg(text(request.dev_id())));
+    call.answer(
+        session, DevPlatformSetRes,
+        QStringLiteral("set platform configuration of %1").arg(text(call.request.dev_id())));
 }
 
 void getPlatformKvr(Session& session, const QByteArray& payload)
 {
-    vms_sdk_proto::DeviceReq request;
-    if (!parsePayload(session, DevPlatform_kvrGetReq, payload, &request))
+    Exchange<vms_sdk_proto::DeviceReq, vms_sdk_proto::DevPlatform_kvrGetRes> call;
+    if (!call.readForDevice(session, DevPlatform_kvrGetReq, payload))
         return;
-    vms_sdk_proto::DevPlatform_kvrGetRes message;
-    message.set_request_id(request.request_id());
-    SimDevice* device = nullptr;
-    const Outcome outcome = session.model().reach(text(request.dev_id()), &device);
-    if (outcome.ok()) {
-        const PlatformKvr& platform = device->platformKvr;
-        vms_sdk_proto::DevPlatformInfo_kvr* info = message.mutable_platform_info();
+    if (call.outcome.ok()) {
+        const PlatformKvr& platform = call.device->platformKvr;
+        vms_sdk_proto::DevPlatformInfo_kvr* info = call.message.mutable_platform_info();
         info->set_attr_1(platform.enabled);
         info->set_attr_2(platform.onlineServerEnabled);
         info->set_online_server(utf8(platform.onlineServer));
         info->set_attr_4(platform.businessServerEnabled);
         info->set_bussiness_server(utf8(platform.businessServer));
     }
-    answer(session, DevPlatform_kvrGetRes, message, outcome,
-           QStringLiteral("platform_kvr configuration of %1").arg(text(request.dev_id())));
+    call.answer(
+        session, DevPlatform_kvrGetRes,
+        QStringLiteral("platform_kvr configuration of %1").arg(text(call.request.dev_id())));
 }
 
 void setPlatformKvr(Session& session, const QByteArray& payload)
 {
-    vms_sdk_proto::DevPlatform_kvrSetReq request;
-    if (!parsePayload(session, DevPlatform_kvrSetReq, payload, &request))
+    Exchange<vms_sdk_proto::DevPlatform_kvrSetReq, vms_sdk_proto::Response> call;
+    if (!call.readForDevice(session, DevPlatform_kvrSetReq, payload))
         return;
-    vms_sdk_proto::Response message;
-    message.set_request_id(request.request_id());
-    SimDevice* device = nullptr;
-    const Outcome outcome = session.model().reach(text(request.dev_id()), &device);
-    if (outcome.ok()) {
-        const vms_sdk_proto::DevPlatformInfo_kvr& info = request.platform_info();
-        device->platformKvr = {info.attr_1(), info.attr_2(), text(info.online_server()),
-                               info.attr_4(), text(info.bussiness_server())};
+    if (call.outcome.ok()) {
+        const vms_sdk_proto::DevPlatformInfo_kvr& info = call.request.platform_info();
+        call.device->platformKvr = {info.attr_1(), info.attr_2(), text(info.online_server()),
+                                    info.attr_4(), text(info.bussiness_server())};
     }
-    answer(session, DevPlatform_kvrSetRes, message, outcome,
-           QStringLiteral("set platform_kvr configuration of %1").arg(text(request.dev_id())));
+    call.answer(
+        session, DevPlatform_kvrSetRes,
+        QStringLiteral("set platform_kvr configuration of %1").arg(text(call.request.dev_id())));
 }
 
 void importCert(Session& session, const QByteArray& payload)
 {
-    vms_sdk_proto::DevCertImportReq request;
-    if (!parsePayload(session, DevCertImportReq, payload, &request))
+    Exchange<vms_sdk_proto::DevCertImportReq, vms_sdk_proto::Response> call;
+    if (!call.readForDevice(session, DevCertImportReq, payload))
         return;
-    vms_sdk_proto::Response message;
-    message.set_request_id(request.request_id());
-    SimDevice* device = nullptr;
-    Outcome outcome = session.model().reach(text(request.dev_id()), &device);
-    if (outcome.ok() && request.cert_contents().empty())
-        outcome = {InvalidArgument, QStringLiteral("no certificate to import")};
-    answer(session, DevCertImportRes, message, outcome,
-           QStringLiteral("import certificate (type %1) into %2")
-               .arg(request.attr_3())
-               .arg(text(request.dev_id())));
+    if (call.outcome.ok() && call.request.cert_contents().empty())
+        call.outcome = {InvalidArgument, QStringLiteral("no certificate to import")};
+    call.answer(session, DevCertImportRes,
+                QStringLiteral("import certificate (type %1) into %2")
+                    .arg(call.request.attr_3())
+                    .arg(text(call.request.dev_id())));
 }
 
 } // namespace

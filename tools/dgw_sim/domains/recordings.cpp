@@ -7,9 +7,7 @@
 // aligned to multiples of that length, so the same search always finds the same files.
 
 #include "device_time.h"
-#include "handler.h"
-
-#include "../device_model.h"
+#include "exchange.h"
 
 #include "vms_protocol/message_type.h"
 
@@ -26,43 +24,36 @@ constexpr int maxRecordings = 2000;
 
 void searchRecordings(Session& session, const QByteArray& payload)
 {
-    vms_sdk_proto::SearchVideoRecordingsReq request;
-    if (!parsePayload(session, SearchVideoRecordingsReq, payload, &request))
+    Exchange<vms_sdk_proto::SearchVideoRecordingsReq, vms_sdk_proto::SearchVideoRecordingsRes> call;
+    if (!call.readForChannel(session, SearchVideoRecordingsReq, payload))
         return;
-    vms_sdk_proto::SearchVideoRecordingsRes message;
-    message.set_request_id(request.request_id());
-    SimDevice* device = nullptr;
-    SimChannel* channel = nullptr;
-    Outcome outcome = session.model().reach(request.channel_id(), &device, &channel);
-    qint64 begin = 0;
-    qint64 end = 0;
-    if (outcome.ok() && (!parseDeviceTime(request.begin_time(), &begin) ||
-                         !parseDeviceTime(request.end_time(), &end))) {
-        outcome = {InvalidArgument, QStringLiteral("times are written yyyy-MM-dd hh:mm:ss")};
-    }
-    if (outcome.ok()) {
-        const qint64 length = qint64(device->recordingMinutes) * 60;
+    TimeRange span;
+    if (call.outcome.ok())
+        call.outcome = readTimeRange(call.request, &span);
+    if (call.outcome.ok()) {
+        const qint64 length = qint64(call.device->recordingMinutes) * 60;
         // Every file that overlaps the range, the first and the last as a whole.
-        qint64 start = alignDown(begin, length);
-        for (; start < end && message.recordings_size() < maxRecordings; start += length) {
-            vms_sdk_proto::VideoRecInfo* file = message.add_recordings();
+        qint64 start = alignDown(span.begin, length);
+        for (; start < span.end && call.message.recordings_size() < maxRecordings;
+             start += length) {
+            vms_sdk_proto::VideoRecInfo* file = call.message.add_recordings();
             file->set_begin_time(utf8(deviceTimeText(start)));
             file->set_end_time(utf8(deviceTimeText(start + length)));
             file->set_file_name(
                 utf8(QStringLiteral("ch%1_%2_%3.mp4")
-                         .arg(channel->index, 2, 10, QLatin1Char('0'))
+                         .arg(call.channel->index, 2, 10, QLatin1Char('0'))
                          .arg(deviceTimeText(start, QStringLiteral("yyyyMMddhhmmss")),
                               deviceTimeText(start + length, QStringLiteral("yyyyMMddhhmmss")))));
-            file->set_attr_4(request.attr_3());
-            file->set_attr_5(request.attr_4());
+            file->set_attr_4(call.request.attr_3());
+            file->set_attr_5(call.request.attr_4());
         }
-        message.set_attr_3(start >= end);
+        call.message.set_attr_3(start >= span.end);
     }
-    answer(session, SearchVideoRecordingsRes, message, outcome,
-           QStringLiteral("recordings of %1 from %2 to %3 (%4)")
-               .arg(channelName(request.channel_id()), text(request.begin_time()),
-                    text(request.end_time()))
-               .arg(message.recordings_size()));
+    call.answer(session, SearchVideoRecordingsRes,
+                QStringLiteral("recordings of %1 from %2 to %3 (%4)")
+                    .arg(channelName(call.request.channel_id()), text(call.request.begin_time()),
+                         text(call.request.end_time()))
+                    .arg(call.message.recordings_size()));
 }
 
 QString streamName(qint32 streamType)
@@ -78,24 +69,19 @@ QString streamName(qint32 streamType)
 
 void rtspUrl(Session& session, const QByteArray& payload)
 {
-    vms_sdk_proto::GetRtspUrlReq request;
-    if (!parsePayload(session, GetRtspUrlReq, payload, &request))
+    Exchange<vms_sdk_proto::GetRtspUrlReq, vms_sdk_proto::GetRtspUrlRes> call;
+    if (!call.readForChannel(session, GetRtspUrlReq, payload))
         return;
-    vms_sdk_proto::GetRtspUrlRes message;
-    message.set_request_id(request.request_id());
-    SimDevice* device = nullptr;
-    SimChannel* channel = nullptr;
-    const Outcome outcome = session.model().reach(request.channel_id(), &device, &channel);
-    if (outcome.ok()) {
-        message.set_rtsp_url(utf8(QStringLiteral("rtsp://%1:%2/ch%3/%4")
-                                      .arg(device->ip)
-                                      .arg(device->rtspPort)
-                                      .arg(channel->index)
-                                      .arg(streamName(request.attr_3()))));
+    if (call.outcome.ok()) {
+        call.message.set_rtsp_url(utf8(QStringLiteral("rtsp://%1:%2/ch%3/%4")
+                                           .arg(call.device->ip)
+                                           .arg(call.device->rtspPort)
+                                           .arg(call.channel->index)
+                                           .arg(streamName(call.request.attr_3()))));
     }
-    answer(session, GetRtspUrlRes, message, outcome,
-           QStringLiteral("rtsp url of %1: %2")
-               .arg(channelName(request.channel_id()), text(message.rtsp_url())));
+    call.answer(session, GetRtspUrlRes,
+                QStringLiteral("rtsp url of %1: %2")
+                    .arg(channelName(call.request.channel_id()), text(call.message.rtsp_url())));
 }
 
 } // namespace

@@ -8,9 +8,7 @@
 // the library's talk event numbers: 0 started, 1 stopped, 2 the line is busy. Operation 0
 // starts, 1 stops; stopping a session that is not running is not an error.
 
-#include "handler.h"
-
-#include "../device_model.h"
+#include "exchange.h"
 
 #include "vms_protocol/message_type.h"
 
@@ -61,29 +59,24 @@ Outcome operate(SimChannel* channel, const AudioKind& kind, qint32 operation, Ta
 
 void handle(Session& session, const QByteArray& payload, const AudioKind& kind)
 {
-    vms_sdk_proto::TalkOperReq request;
-    if (!parsePayload(session, kind.requestType, payload, &request))
+    Exchange<vms_sdk_proto::TalkOperReq, vms_sdk_proto::Response> call;
+    if (!call.readForChannel(session, kind.requestType, payload))
         return;
-    vms_sdk_proto::Response message;
-    message.set_request_id(request.request_id());
-    SimDevice* device = nullptr;
-    SimChannel* channel = nullptr;
-    Outcome outcome = session.model().reach(request.channel_id(), &device, &channel);
-    if (outcome.ok() && !channel->online)
-        outcome = {DeviceOffline, QStringLiteral("the channel is offline")};
+    if (call.outcome.ok() && !call.channel->online)
+        call.outcome = {DeviceOffline, QStringLiteral("the channel is offline")};
     TalkEvent event = Stopped;
-    if (outcome.ok())
-        outcome = operate(channel, kind, request.attr_3(), &event);
-    const QString where = channelName(request.channel_id());
-    answer(session, kind.answerType, message, outcome,
-           QStringLiteral("%1 operation %2 on %3")
-               .arg(QLatin1String(kind.name))
-               .arg(request.attr_3())
-               .arg(where));
-    if (!outcome.ok())
+    if (call.outcome.ok())
+        call.outcome = operate(call.channel, kind, call.request.attr_3(), &event);
+    const QString where = channelName(call.request.channel_id());
+    call.answer(session, kind.answerType,
+                QStringLiteral("%1 operation %2 on %3")
+                    .arg(QLatin1String(kind.name))
+                    .arg(call.request.attr_3())
+                    .arg(where));
+    if (!call.outcome.ok())
         return;
     vms_sdk_proto::TalkEventPush push;
-    *push.mutable_channel_id() = request.channel_id();
+    *push.mutable_channel_id() = call.request.channel_id();
     push.set_event(event);
     session.send(kind.eventType, serialized(push));
     session.log(
