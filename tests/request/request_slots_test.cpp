@@ -45,17 +45,14 @@ struct SlotRow
     QByteArray payload;
 };
 
-QByteArray bytes(const google::protobuf::MessageLite& message)
-{
-    return QByteArray::fromStdString(message.SerializeAsString());
-}
+using conversion::serialized;
 
 template<class Wire, class Condition>
 QByteArray payloadOf(const Condition& condition)
 {
     Wire wire;
     conversion::fillWire(condition, wire);
-    return bytes(wire);
+    return serialized(wire);
 }
 
 QByteArray remoteConfig(const QString& devId, int language)
@@ -63,7 +60,7 @@ QByteArray remoteConfig(const QString& devId, int language)
     vms_sdk_proto::OpenRemoteConfigReq request;
     request.set_dev_id(devId.toStdString());
     request.set_language(language);
-    return bytes(request);
+    return serialized(request);
 }
 
 QList<SlotRow> slotRows()
@@ -126,20 +123,21 @@ QList<SlotRow> slotRows()
         const auto condition = fill.make<vms_sdk::DeviceCondition>();
         rows.append({"slotGetDevNetModeReq", [=] { get_dev_net_mode_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition),
-                     "client request get device net mode", bytes(worker.getDevNetMode(condition))});
+                     "client request get device net mode",
+                     serialized(worker.getDevNetMode(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::DeviceCondition>();
         rows.append({"slotGetDevDisksInfoReq", [=] { get_dev_disks_info_req(condition); },
                      CommonReq, condition.requestId, true, devIdOf(condition),
                      "client request get device disks information",
-                     bytes(worker.getDevDisksInfo(condition))});
+                     serialized(worker.getDevDisksInfo(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::FormatDiskCondition>();
         rows.append({"slotFormatDevDiskReq", [=] { format_dev_disk_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition), nullptr,
-                     bytes(worker.formatDevDisk(condition))});
+                     serialized(worker.formatDevDisk(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::FormatDiskCondition>();
@@ -147,7 +145,7 @@ QList<SlotRow> slotRows()
                      [=] { get_dev_disk_formatting_progress_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition),
                      "client request get device disk formatting progress",
-                     bytes(worker.getDevDiskFormattingProgress(condition))});
+                     serialized(worker.getDevDiskFormattingProgress(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::GetDevPlatformCondition>();
@@ -189,7 +187,7 @@ QList<SlotRow> slotRows()
         const auto condition = fill.make<vms_sdk::DeviceCondition>();
         rows.append({"slotGetDevQRCodeReq", [=] { get_dev_qrcode_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition), nullptr,
-                     bytes(worker.getDevQRCode(condition))});
+                     serialized(worker.getDevQRCode(condition))});
     }
     {
         const auto devId = QStringLiteral("dev-GetDevChannelsInfoCmd");
@@ -203,7 +201,7 @@ QList<SlotRow> slotRows()
         const auto date = QDate(2026, 11, 22);
         rows.append({"slotGetDevLogsReq", [=] { get_dev_logs_req(requestId, devId, date); },
                      CommonReq, requestId, true, devId, "client request get device logs",
-                     bytes(worker.getDevLogs(requestId, devId, date))});
+                     serialized(worker.getDevLogs(requestId, devId, date))});
     }
     {
         const auto condition = fill.make<vms_sdk::RecsSearchCondition>();
@@ -219,7 +217,7 @@ QList<SlotRow> slotRows()
                      [=] { get_video_recordings_calendar_mask_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition),
                      "client request get video recordings calendar mask",
-                     bytes(worker.getVideoRecordingsCalendarMask(condition))});
+                     serialized(worker.getVideoRecordingsCalendarMask(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::GetRtspUrlCondition>();
@@ -231,13 +229,14 @@ QList<SlotRow> slotRows()
         const auto condition = fill.make<vms_sdk::ChannelCondition>();
         rows.append({"slotGetPTZAbilityReq", [=] { get_ptz_ability_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition),
-                     "client request get ptz ability", bytes(worker.getPtzAbility(condition))});
+                     "client request get ptz ability",
+                     serialized(worker.getPtzAbility(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::PTZAutoMoveCondition>();
         rows.append({"slotPTZAutoMoveReq", [=] { PTZ_auto_move_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition), "client request ptz auto move",
-                     bytes(worker.ptzAutoMove(condition))});
+                     serialized(worker.ptzAutoMove(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::PTZCtrlCondition>();
@@ -286,35 +285,35 @@ QList<SlotRow> slotRows()
         const auto condition = fill.make<vms_sdk::PTZ3dLocateCondition>();
         rows.append({"slotPTZ3dLocateCmd", [=] { PTZ_3d_locate_cmd(condition); }, CommonReq,
                      condition.requestId, false, devIdOf(condition), nullptr,
-                     bytes(worker.ptz3dLocate(condition))});
+                     serialized(worker.ptz3dLocate(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::AddBulletTagPointCondition>();
         rows.append({"slotAddBulletTagPointReq", [=] { add_bullet_tag_point_req(condition); },
                      CommonReq, condition.requestId, true, devIdOf(condition),
                      "client request add bullet tag point",
-                     bytes(worker.addBulletTagPoint(condition))});
+                     serialized(worker.addBulletTagPoint(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::ChannelCondition>();
         rows.append({"slotGetBulletTagPointsReq", [=] { get_bullet_tag_points_req(condition); },
                      CommonReq, condition.requestId, true, devIdOf(condition),
                      "client request get bullet tag points",
-                     bytes(worker.getBulletTagPoints(condition))});
+                     serialized(worker.getBulletTagPoints(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::ChannelCondition>();
         rows.append({"slotClearBulletTagPointsReq", [=] { clear_bullet_tag_points_req(condition); },
                      CommonReq, condition.requestId, true, devIdOf(condition),
                      "client request clear bullet tag points",
-                     bytes(worker.clearBulletTagPoints(condition))});
+                     serialized(worker.clearBulletTagPoints(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::CalibrateBulletDomeCondition>();
         rows.append({"slotCalibrateBulletDomeReq", [=] { calibrate_bullet_dome_req(condition); },
                      CommonReq, condition.requestId, true, devIdOf(condition),
                      "client request calibrate bullet dome",
-                     bytes(worker.calibrateBulletDome(condition))});
+                     serialized(worker.calibrateBulletDome(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::ChannelCondition>();
@@ -322,7 +321,7 @@ QList<SlotRow> slotRows()
                      [=] { get_bullet_dome_calibrate_status_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition),
                      "client request bullet dome calibrate status",
-                     bytes(worker.getBulletDomeCalibrateStatus(condition))});
+                     serialized(worker.getBulletDomeCalibrateStatus(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::ChannelCondition>();
@@ -330,7 +329,7 @@ QList<SlotRow> slotRows()
                      [=] { set_dome_track_guard_initial_pos_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition),
                      "client request set dome track guard initial pos",
-                     bytes(worker.setDomeTrackGuardInitialPos(condition))});
+                     serialized(worker.setDomeTrackGuardInitialPos(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::ManualTrackCondition>();
@@ -338,7 +337,7 @@ QList<SlotRow> slotRows()
                      [=] { manual_bullet_dome_track_cmd(condition); }, CommonReq,
                      condition.requestId, false, devIdOf(condition),
                      "client cmd manual bullet dome track",
-                     bytes(worker.manualBulletDomeTrack(condition))});
+                     serialized(worker.manualBulletDomeTrack(condition))});
     }
     {
         const auto devId = QStringLiteral("dev-OpenDevRemoteConfigReq");
@@ -384,14 +383,14 @@ QList<SlotRow> slotRows()
         rows.append({"slotGetDevSysCfgReq", [=] { get_dev_sys_cfg_req(requestId, devId); },
                      CommonReq, requestId, true, devId,
                      "client request get device system configure",
-                     bytes(worker.getDevSysCfg(requestId, devId))});
+                     serialized(worker.getDevSysCfg(requestId, devId))});
     }
     {
         const auto devId = QStringLiteral("dev-SetDevSysCfgCmd");
         const auto info = fill.make<vms_sdk::DevSysCfgInfo>();
         rows.append({"slotSetDevSysCfgCmd", [=] { set_dev_sys_cfg_cmd(devId, info); }, CommonReq,
                      QString(), false, devId, "client cmd set device system configure",
-                     bytes(worker.setDevSysCfg(devId, info))});
+                     serialized(worker.setDevSysCfg(devId, info))});
     }
     {
         const auto requestId = QStringLiteral("req-GetChannImageAdjustSettingsReq");
@@ -400,7 +399,7 @@ QList<SlotRow> slotRows()
                      [=] { get_chann_image_adjust_settings_req(requestId, channelId); }, CommonReq,
                      requestId, true, channelId.devId,
                      "client request get channel image adjust settings",
-                     bytes(worker.getChannImageAdjustSettings(requestId, channelId))});
+                     serialized(worker.getChannImageAdjustSettings(requestId, channelId))});
     }
     {
         const auto requestId = QStringLiteral("req-SetChannImageAdjustSettingsReq");
@@ -410,14 +409,14 @@ QList<SlotRow> slotRows()
                      [=] { set_chann_image_adjust_settings_req(requestId, channelId, info); },
                      CommonReq, requestId, true, channelId.devId,
                      "client request set channel image adjust settings",
-                     bytes(worker.setChannImageAdjustSettings(requestId, channelId, info))});
+                     serialized(worker.setChannImageAdjustSettings(requestId, channelId, info))});
     }
     {
         const auto condition = fill.make<vms_sdk::ChannelCondition>();
         rows.append({"slotGetChannImageAbilityReq", [=] { get_chann_image_ability_req(condition); },
                      CommonReq, condition.requestId, true, devIdOf(condition),
                      "client request get channel image ability",
-                     bytes(worker.getChannImageAbility(condition))});
+                     serialized(worker.getChannImageAbility(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::ChannelCondition>();
@@ -425,7 +424,7 @@ QList<SlotRow> slotRows()
                      [=] { get_chann_image_settings_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition),
                      "client request get channel image settings",
-                     bytes(worker.getChannImageSettings(condition))});
+                     serialized(worker.getChannImageSettings(condition))});
     }
     {
         const auto channelId = fill.make<vms_sdk::ChannelId>();
@@ -433,7 +432,7 @@ QList<SlotRow> slotRows()
         rows.append({"slotSetChannImageSettingsCmd",
                      [=] { set_chann_image_settings_cmd(channelId, info); }, CommonReq, QString(),
                      false, channelId.devId, "client cmd set channel image settings",
-                     bytes(worker.setChannImageSettings(channelId, info))});
+                     serialized(worker.setChannImageSettings(channelId, info))});
     }
     {
         const auto condition = fill.make<vms_sdk::SetOSDCondition>();
@@ -451,7 +450,7 @@ QList<SlotRow> slotRows()
         const auto condition = fill.make<vms_sdk::ModifyFaceCondition>();
         rows.append({"slotAddFaceReq (library)", [=] { add_face_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition), "client request add face",
-                     bytes(worker.addFace(condition))});
+                     serialized(worker.addFace(condition))});
         auto own = condition;
         own.package.clear();
         rows.append({"slotAddFaceReq (device)", [=] { add_face_req(own); }, AddFaceReq,
@@ -462,13 +461,13 @@ QList<SlotRow> slotRows()
         const auto condition = fill.make<vms_sdk::ModifyFaceCondition>();
         rows.append({"slotEditFaceReq", [=] { edit_face_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition), nullptr,
-                     bytes(worker.editFace(condition))});
+                     serialized(worker.editFace(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::GetFacesCondition>();
         rows.append({"slotGetFacesReq (library)", [=] { get_faces_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition), nullptr,
-                     bytes(worker.getFaces(condition))});
+                     serialized(worker.getFaces(condition))});
         auto own = condition;
         own.package.clear();
         rows.append({"slotGetFacesReq (device)", [=] { get_faces_req(own); }, GetFacesReq,
@@ -481,7 +480,7 @@ QList<SlotRow> slotRows()
                      [=] { get_faces_modeling_status_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition),
                      "client request get faces modeling status",
-                     bytes(worker.getFacesModelingStatus(condition))});
+                     serialized(worker.getFacesModelingStatus(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::DelFaceCondition>();
@@ -493,7 +492,7 @@ QList<SlotRow> slotRows()
         const auto condition = fill.make<vms_sdk::DelFacesCondition>();
         rows.append({"slotDelFacesReq", [=] { del_faces_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition), "client request delete faces",
-                     bytes(worker.delFaces(condition))});
+                     serialized(worker.delFaces(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::GetFaceDetectRecordsCondition>();
@@ -513,32 +512,35 @@ QList<SlotRow> slotRows()
         const auto condition = fill.make<vms_sdk::AiChannelCondition>();
         rows.append({"slotGetAllFaceGroupsReq", [=] { get_all_face_groups_req(condition); },
                      CommonReq, condition.requestId, true, devIdOf(condition),
-                     "client request get face groups", bytes(worker.getAllFaceGroups(condition))});
+                     "client request get face groups",
+                     serialized(worker.getAllFaceGroups(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::AddFaceGroupsCondition>();
         rows.append({"slotAddFaceGroupsReq", [=] { add_face_groups_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition),
-                     "client request add face groups", bytes(worker.addFaceGroups(condition))});
+                     "client request add face groups",
+                     serialized(worker.addFaceGroups(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::DeleteFaceGroupsCondition>();
         rows.append({"slotDeleteFaceGroupsReq", [=] { delete_face_groups_req(condition); },
                      CommonReq, condition.requestId, true, devIdOf(condition), nullptr,
-                     bytes(worker.deleteFaceGroups(condition))});
+                     serialized(worker.deleteFaceGroups(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::EditFaceGroupsCondition>();
         rows.append({"slotEditFaceGroupsReq", [=] { edit_face_groups_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition),
-                     "client request edit face groups", bytes(worker.editFaceGroups(condition))});
+                     "client request edit face groups",
+                     serialized(worker.editFaceGroups(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::AiChannelCondition>();
         rows.append({"slotImportFaceLibraryReq", [=] { import_face_library_req(condition); },
                      CommonReq, condition.requestId, true, devIdOf(condition),
                      "client request import face library",
-                     bytes(worker.importFaceLibrary(condition))});
+                     serialized(worker.importFaceLibrary(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::AiChannelCondition>();
@@ -546,14 +548,14 @@ QList<SlotRow> slotRows()
                      [=] { import_face_library_progress_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition),
                      "client request import face library progress",
-                     bytes(worker.importFaceLibraryProgress(condition))});
+                     serialized(worker.importFaceLibraryProgress(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::AiChannelCondition>();
         rows.append({"slotExportFaceLibraryReq", [=] { export_face_library_req(condition); },
                      CommonReq, condition.requestId, true, devIdOf(condition),
                      "client request export face library",
-                     bytes(worker.exportFaceLibrary(condition))});
+                     serialized(worker.exportFaceLibrary(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::AiChannelCondition>();
@@ -561,7 +563,7 @@ QList<SlotRow> slotRows()
                      [=] { export_face_library_progress_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition),
                      "client request export face library progress",
-                     bytes(worker.exportFaceLibraryProgress(condition))});
+                     serialized(worker.exportFaceLibraryProgress(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::GetRegionTemperatureRecordsCondition>();
@@ -569,26 +571,26 @@ QList<SlotRow> slotRows()
                      [=] { get_region_temperature_records_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition),
                      "client request get region temperature records",
-                     bytes(worker.getRegionTemperatureRecords(condition))});
+                     serialized(worker.getRegionTemperatureRecords(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::GetAlarmRecordsCondition>();
         rows.append({"slotGetAlarmRecordsReq", [=] { get_alarm_records_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition), nullptr,
-                     bytes(worker.getAlarmRecords(condition))});
+                     serialized(worker.getAlarmRecords(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::GetTriggeredEventsCondition>();
         rows.append({"slotGetTriggeredEventsReq", [=] { get_triggered_events_req(condition); },
                      CommonReq, condition.requestId, true, devIdOf(condition),
                      "client request get triggered events",
-                     bytes(worker.getTriggeredEvents(condition))});
+                     serialized(worker.getTriggeredEvents(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::GetEventRecordsCondition>();
         rows.append({"slotGetEventRecordsReq", [=] { get_event_records_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition), nullptr,
-                     bytes(worker.getEventRecords(condition, 1))});
+                     serialized(worker.getEventRecords(condition, 1))});
     }
     {
         const auto condition = fill.make<vms_sdk::GetLicensePlateRecRecordsCondition>();
@@ -596,40 +598,40 @@ QList<SlotRow> slotRows()
                      [=] { get_license_plate_rec_records_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition),
                      "client request get license plate recognition records",
-                     bytes(worker.getLicensePlateRecRecords(condition))});
+                     serialized(worker.getLicensePlateRecRecords(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::GetFaceRecRecordsCondition>();
         rows.append({"slotGetFaceRecRecordsReq (capture)",
                      [=] { get_face_rec_records_req(condition); }, CommonReq, condition.requestId,
                      true, devIdOf(condition), "client request get face capture records",
-                     bytes(worker.getFaceRecRecords(condition))});
+                     serialized(worker.getFaceRecRecords(condition))});
         auto recognition = condition;
         recognition.captureRecords = false;
         rows.append({"slotGetFaceRecRecordsReq (recognition)",
                      [=] { get_face_rec_records_req(recognition); }, CommonReq,
                      recognition.requestId, true, devIdOf(recognition),
                      "client request get face recognition records",
-                     bytes(worker.getFaceRecRecords(recognition))});
+                     serialized(worker.getFaceRecRecords(recognition))});
     }
     {
         const auto requestId = QStringLiteral("req-GetOtherEventRecordsReq");
         const auto pageNum = 4;
-        rows.append({"slotGetOtherEventRecordsReq",
-                     [=] {
-                         Q_EMIT MessageSignals::instance()->signalGetOtherEventRecordsReq(requestId,
-                                                                                          pageNum);
-                     },
-                     CommonReq, requestId, true, QString(),
-                     "client request get other event records",
-                     bytes(worker.getEventRecords(GetEventRecordsCondition{.requestId = requestId},
-                                                  pageNum))});
+        rows.append(
+            {"slotGetOtherEventRecordsReq",
+             [=] {
+                 Q_EMIT MessageSignals::instance()->signalGetOtherEventRecordsReq(requestId,
+                                                                                  pageNum);
+             },
+             CommonReq, requestId, true, QString(), "client request get other event records",
+             serialized(worker.getEventRecords(GetEventRecordsCondition{.requestId = requestId},
+                                               pageNum))});
     }
     {
         const auto condition = fill.make<vms_sdk::CancelAlarmCondition>();
         rows.append({"slotCancelAlarmReq", [=] { cancel_alarm_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition), "client request cancel alarm",
-                     bytes(worker.cancelAlarm(condition))});
+                     serialized(worker.cancelAlarm(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::TriggerAlarmLinkCondition>();
@@ -637,26 +639,27 @@ QList<SlotRow> slotRows()
             {"slotTriggerAlarmLinkReq",
              [=] { Q_EMIT MessageSignals::instance()->signalTriggerAlarmLinkReq(condition); },
              CommonReq, condition.requestId, true, devIdOf(condition), nullptr,
-             bytes(worker.triggerAlarmLink(condition))});
+             serialized(worker.triggerAlarmLink(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::GetSnapImageCondition>();
         rows.append({"slotGetSnapImageReq", [=] { get_snap_image_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition), "client request get snap image",
-                     bytes(worker.getSnapImage(condition))});
+                     serialized(worker.getSnapImage(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::GetCustomersCntCondition>();
         rows.append({"slotGetCustomersCountReq", [=] { get_customers_count_req(condition); },
                      CommonReq, condition.requestId, true, devIdOf(condition),
-                     "client get customers count req", bytes(worker.getCustomersCount(condition))});
+                     "client get customers count req",
+                     serialized(worker.getCustomersCount(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::ChannelCondition>();
         rows.append({"slotGetCustomersRegionsReq", [=] { get_customers_regions_req(condition); },
                      CommonReq, condition.requestId, true, devIdOf(condition),
                      "client request get customers regions",
-                     bytes(worker.getCustomersRegions(condition))});
+                     serialized(worker.getCustomersRegions(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::GetCustomersRegionAttentionCondition>();
@@ -664,34 +667,34 @@ QList<SlotRow> slotRows()
                      [=] { get_customers_region_attention_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition),
                      "client request get customers region attention",
-                     bytes(worker.getCustomersRegionAttention(condition))});
+                     serialized(worker.getCustomersRegionAttention(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::GetCutomersHeatMapCondition>();
         rows.append({"slotGetCustomersHeatMapReq", [=] { get_customers_heat_map_req(condition); },
                      CommonReq, condition.requestId, true, devIdOf(condition),
                      "client request get customers heat map",
-                     bytes(worker.getCustomersHeatMap(condition))});
+                     serialized(worker.getCustomersHeatMap(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::GetCustomerGroupCondition>();
         rows.append({"slotGetCustomerGroupReq", [=] { get_customer_group_req(condition); },
                      CommonReq, condition.requestId, true, devIdOf(condition), nullptr,
-                     bytes(worker.getCustomerGroup(condition))});
+                     serialized(worker.getCustomerGroup(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::AiChannelCondition>();
         rows.append({"slotGetParkingLockStatusReq", [=] { get_parking_lock_status_req(condition); },
                      CommonReq, condition.requestId, true, devIdOf(condition),
                      "client request get parking lock status",
-                     bytes(worker.getParkingLockStatus(condition))});
+                     serialized(worker.getParkingLockStatus(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::CtrlParkingLockCondition>();
         rows.append({"slotCtrlParkingLockReq", [=] { ctrl_parking_lock_req(condition); }, CommonReq,
                      condition.requestId, true, devIdOf(condition),
                      "client request control parking lock",
-                     bytes(worker.ctrlParkingLock(condition))});
+                     serialized(worker.ctrlParkingLock(condition))});
     }
     {
         const auto condition = fill.make<vms_sdk::TalkOperCondition>();
@@ -724,7 +727,7 @@ QList<SlotRow> slotRows()
         const auto reqJson = QStringLiteral(R"({"method": "x", "ü": 1})");
         rows.append({"slotCommonReq", [=] { common_req(requestId, devId, reqJson); }, CommonReq,
                      requestId, true, devId, "client request common",
-                     bytes(worker.commonReq(requestId, devId, reqJson))});
+                     serialized(worker.commonReq(requestId, devId, reqJson))});
     }
     return rows;
 }
@@ -812,8 +815,8 @@ TEST_F(RequestSlotsTest, FurtherPagesOfEventRecordsReuseTheStoredCondition)
     Q_EMIT MessageSignals::instance()->signalGetOtherEventRecordsReq(condition.requestId, 2);
     const CommonReqWorker worker(nullptr);
     ASSERT_EQ(sent.size(), 2);
-    EXPECT_EQ(sent[0].payload, bytes(worker.getEventRecords(condition, 1)));
-    EXPECT_EQ(sent[1].payload, bytes(worker.getEventRecords(condition, 2)));
+    EXPECT_EQ(sent[0].payload, serialized(worker.getEventRecords(condition, 1)));
+    EXPECT_EQ(sent[1].payload, serialized(worker.getEventRecords(condition, 2)));
     // Both registrations of the one id are counted.
     EXPECT_TRUE(hamal->requestMgr()->removeRequest(condition.requestId));
     EXPECT_TRUE(hamal->requestMgr()->removeRequest(condition.requestId));
@@ -822,7 +825,7 @@ TEST_F(RequestSlotsTest, FurtherPagesOfEventRecordsReuseTheStoredCondition)
     Q_EMIT MessageSignals::instance()->signalGetOtherEventRecordsReq(QStringLiteral("never"), 3);
     ASSERT_EQ(sent.size(), 3);
     const auto empty = GetEventRecordsCondition{.requestId = QStringLiteral("never")};
-    EXPECT_EQ(sent[2].payload, bytes(worker.getEventRecords(empty, 3)));
+    EXPECT_EQ(sent[2].payload, serialized(worker.getEventRecords(empty, 3)));
 }
 
 TEST_F(RequestSlotsTest, TheSixConditionsAnswersNeedAreStored)
@@ -858,7 +861,7 @@ TEST_F(RequestSlotsTest, ARawJsonRequestIsAnsweredAsItCame)
     vms_sdk_proto::CommonRes answer;
     answer.set_request_id("raw-1");
     answer.set_res_json(R"({"method": "m", "result": {}})");
-    hamal->slotMessageComing(CommonRes, bytes(answer));
+    hamal->slotMessageComing(CommonRes, serialized(answer));
     ASSERT_EQ(answers.count(), 1);
     EXPECT_EQ(answers[0][0].toString(), "raw-1");
     EXPECT_EQ(answers[0][1].toString(), R"({"method": "m", "result": {}})");

@@ -19,16 +19,13 @@
 #include <cmath>
 
 namespace vms_sdk {
+using conversion::serialized;
+
 namespace {
 
 QString processName(int index)
 {
     return QStringLiteral("vms_dgw.exe_%1").arg(index);
-}
-
-QByteArray serialized(const google::protobuf::MessageLite& message)
-{
-    return QByteArray::fromStdString(message.SerializeAsString());
 }
 
 template<typename Command>

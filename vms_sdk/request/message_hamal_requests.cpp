@@ -20,14 +20,7 @@
 #include "vms_sdk/request/request_table.h"
 
 namespace vms_sdk {
-namespace {
-
-QByteArray serialized(const google::protobuf::MessageLite& message)
-{
-    return QByteArray::fromStdString(message.SerializeAsString());
-}
-
-} // namespace
+using conversion::serialized;
 
 void MessageHamal::dispatch(const RequestRow& row, const QString& requestId,
                             const QByteArray& payload, const QString& devId)

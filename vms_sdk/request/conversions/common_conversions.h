@@ -47,6 +47,12 @@ inline std::string wireBytes(const QByteArray& bytes)
     return std::string(bytes.constData(), std::size_t(bytes.size()));
 }
 
+// A wire message as the payload of a frame.
+inline QByteArray serialized(const google::protobuf::MessageLite& message)
+{
+    return QByteArray::fromStdString(message.SerializeAsString());
+}
+
 QStringList texts(const google::protobuf::RepeatedPtrField<std::string>& utf8);
 void fillTexts(const QStringList& texts, google::protobuf::RepeatedPtrField<std::string>* utf8);
 QList<QByteArray> byteArrays(const google::protobuf::RepeatedPtrField<std::string>& wire);

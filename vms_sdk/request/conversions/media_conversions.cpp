@@ -117,32 +117,46 @@ void fillRecord(const vms_sdk_proto::PlaybackByTimeReq& request, PlaybackByTimeC
     condition.recordSrc = request.attr_3();
 }
 
-void fillWire(const TalkOperCondition& condition, vms_sdk_proto::TalkOperReq& request)
+namespace {
+
+// Talking to a channel and speaking through it are asked for with one message; only the
+// message type tells them apart.
+template<class Condition>
+void fillTalkWire(const Condition& condition, vms_sdk_proto::TalkOperReq& request)
 {
     request.set_request_id(utf8(condition.requestId));
     *request.mutable_channel_id() = toWire(condition.channelId);
     request.set_attr_3(condition.operation);
+}
+
+template<class Condition>
+void fillTalkRecord(const vms_sdk_proto::TalkOperReq& request, Condition& condition)
+{
+    condition.requestId = text(request.request_id());
+    condition.channelId = fromWire(request.channel_id());
+    condition.operation = request.attr_3();
+}
+
+} // namespace
+
+void fillWire(const TalkOperCondition& condition, vms_sdk_proto::TalkOperReq& request)
+{
+    fillTalkWire(condition, request);
 }
 
 void fillRecord(const vms_sdk_proto::TalkOperReq& request, TalkOperCondition& condition)
 {
-    condition.requestId = text(request.request_id());
-    condition.channelId = fromWire(request.channel_id());
-    condition.operation = request.attr_3();
+    fillTalkRecord(request, condition);
 }
 
 void fillWire(const SpeakOperCondition& condition, vms_sdk_proto::TalkOperReq& request)
 {
-    request.set_request_id(utf8(condition.requestId));
-    *request.mutable_channel_id() = toWire(condition.channelId);
-    request.set_attr_3(condition.operation);
+    fillTalkWire(condition, request);
 }
 
 void fillRecord(const vms_sdk_proto::TalkOperReq& request, SpeakOperCondition& condition)
 {
-    condition.requestId = text(request.request_id());
-    condition.channelId = fromWire(request.channel_id());
-    condition.operation = request.attr_3();
+    fillTalkRecord(request, condition);
 }
 
 } // namespace vms_sdk::conversion
