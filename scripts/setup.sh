@@ -4,7 +4,7 @@
 set -euo pipefail
 
 packages=(
-  build-essential cmake ninja-build pkg-config clang-format
+  build-essential cmake ninja-build ccache pkg-config clang-format
   qtbase5-dev libqt5network5 
   libprotobuf-dev protobuf-compiler
   libspdlog-dev libfmt-dev
