@@ -6,6 +6,8 @@ cd "$(dirname "$0")/.."
 ./scripts/setup.sh
 
 jobs=$(nproc)
+# Paths relative to the checkout, so a fresh clone elsewhere still finds its objects in ccache.
+export CCACHE_BASEDIR="${CCACHE_BASEDIR:-$PWD}"
 run_suite() {
     local dir=$1; shift
     cmake -S . -B "$dir" -G Ninja "$@" >/dev/null
