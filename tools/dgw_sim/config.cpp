@@ -326,8 +326,30 @@ FaultConfig readFaults(JsonFields fields)
     faults.crashAfterMessages =
         int(fields.integer(QStringLiteral("crashAfterMessages"), 0, 0, 1000000000));
     faults.malformedTypes = readTypes(fields, QStringLiteral("malformedTypes"));
+    for (const auto& [key, count] :
+         {std::pair{"streamCloseAfterFrames", &faults.streamCloseAfterFrames},
+          std::pair{"streamStallAfterFrames", &faults.streamStallAfterFrames},
+          std::pair{"streamCutAfterFrames", &faults.streamCutAfterFrames}})
+        *count = int(fields.integer(QLatin1String(key), 0, 0, 1000000000));
     fields.finish();
     return faults;
+}
+
+MediaConfig readMedia(JsonFields fields)
+{
+    MediaConfig media;
+    media.frameRate = int(fields.integer(QStringLiteral("frameRate"), media.frameRate, 0, 10000));
+    media.bitRate = fields.integer(QStringLiteral("bitRate"), media.bitRate, 8000, 100000000000);
+    media.keyFrameIntervalMs = int(
+        fields.integer(QStringLiteral("keyFrameIntervalMs"), media.keyFrameIntervalMs, 1, 3600000));
+    media.frameBytes =
+        int(fields.integer(QStringLiteral("frameBytes"), media.frameBytes, 0, 256 * 1024 * 1024));
+    media.playbackMs =
+        int(fields.integer(QStringLiteral("playbackMs"), media.playbackMs, 0, 86400000));
+    media.progressMs =
+        int(fields.integer(QStringLiteral("progressMs"), media.progressMs, 1, 86400000));
+    fields.finish();
+    return media;
 }
 
 QList<ScheduledPush> readPushes(JsonFields& root)
@@ -392,6 +414,7 @@ bool parseConfig(const QByteArray& json, SimConfig* config, QString* error)
     config->fileTransferMs =
         int(root.integer(QStringLiteral("fileTransferMs"), config->fileTransferMs, 0, 3600000));
     config->faults = readFaults(root.object(QStringLiteral("faults")));
+    config->media = readMedia(root.object(QStringLiteral("streams")));
     config->pushes = readPushes(root);
     if (!root.finish())
         return false;

@@ -4,6 +4,7 @@
 
 #include "device_model.h"
 #include "faults.h"
+#include "media_source.h"
 #include "pushes.h"
 
 #include <QByteArray>
@@ -27,6 +28,7 @@ struct SimConfig
     int fileTransferMs = 2000;
     QList<ScheduledPush> pushes;
     FaultConfig faults;
+    MediaConfig media;
 };
 
 inline constexpr char ConfigVariable[] = "VMS_DGW_SIM_CONFIG";

@@ -32,6 +32,22 @@ std::string requestIdOf(const QByteArray& request)
 
 } // namespace
 
+StreamFault streamFaultAfter(const FaultConfig& config, quint64 frames)
+{
+    const struct
+    {
+        int after;
+        StreamFault fault;
+    } rows[] = {{config.streamCloseAfterFrames, StreamFault::Close},
+                {config.streamStallAfterFrames, StreamFault::Stall},
+                {config.streamCutAfterFrames, StreamFault::Cut}};
+    for (const auto& row : rows) {
+        if (row.after > 0 && quint64(row.after) == frames)
+            return row.fault;
+    }
+    return StreamFault::None;
+}
+
 Faults::Faults(FaultConfig config)
     : m_config(std::move(config))
 {}

@@ -30,7 +30,18 @@ struct FaultConfig
     int crashAfterMessages = 0;
     // Types of outgoing frames whose payload is replaced by bytes that parse as no message.
     QSet<int> malformedTypes;
+    // Counted on each stream over the media frames it sent; 0 disables. After that many frames
+    // the stream is closed, stalls (no more frames, the socket stays open), or has half of its
+    // next frame written before it is closed.
+    int streamCloseAfterFrames = 0;
+    int streamStallAfterFrames = 0;
+    int streamCutAfterFrames = 0;
 };
+
+enum class StreamFault { None, Close, Stall, Cut };
+
+// What a stream that has just sent its `frames`-th media frame does next.
+StreamFault streamFaultAfter(const FaultConfig& config, quint64 frames);
 
 // Misbehaviour on purpose, so that the library's failure paths can be driven end to end.
 //

@@ -46,7 +46,7 @@ int main(int argc, char** argv)
     }
     DeviceModel model(config.devices, config.unknownDevicesOnline);
     SimServer server(config, model);
-    StreamServer streams;
+    StreamServer streams(config.media, config.faults, model);
     if (!server.listen(arguments.at(2), &error) || !streams.listen(arguments.at(3), &error)) {
         logLine(error);
         return ListenError;

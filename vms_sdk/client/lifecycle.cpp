@@ -7,6 +7,7 @@
 #include "vms_sdk/client/sdk_log.h"
 #include "vms_sdk/gateway/multi_dgw_mgr.h"
 #include "vms_sdk/request/message_hamal.h"
+#include "vms_sdk/stream/stream_worker.h"
 
 #include <QStandardPaths>
 
@@ -28,6 +29,7 @@ void init_vms_client_sdk()
         ClientSignals::instance();
         // The dispatcher, its registry and their timers belong to this thread.
         MessageHamal::instance();
+        StreamWorker::instance();
         MultiDgwMgr::instance();
     }
     initialised = true;

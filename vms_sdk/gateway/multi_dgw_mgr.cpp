@@ -206,6 +206,12 @@ void MultiDgwMgr::send(MessageType type, const QByteArray& payload, const QStrin
         gateway->sendMessage(type, payload);
 }
 
+QString MultiDgwMgr::streamServerName(const QString& devId) const
+{
+    const MessageSocket* gateway = gatewayOf(devId);
+    return gateway ? gateway->serverName() + QStringLiteral("_stream") : QString();
+}
+
 MessageSocket* MultiDgwMgr::gatewayOf(const QString& devId) const
 {
     for (MessageSocket* gateway : m_gateways) {

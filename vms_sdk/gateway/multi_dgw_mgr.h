@@ -46,6 +46,8 @@ public:
     // Sends a message to the gateway that manages `devId` (the first gateway for an empty id);
     // dropped silently when there is no such gateway or it is not ready yet.
     void send(vms_sdk::MessageType type, const QByteArray& payload, const QString& devId);
+    // The stream server of the gateway that manages `devId`; empty when none manages it.
+    QString streamServerName(const QString& devId) const;
 
     const QList<MessageSocket*>& gateways() const { return m_gateways; }
     // Replaces how processes are started, for tests that count starts.

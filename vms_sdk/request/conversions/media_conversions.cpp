@@ -117,6 +117,34 @@ void fillRecord(const vms_sdk_proto::PlaybackByTimeReq& request, PlaybackByTimeC
     condition.recordSrc = request.attr_3();
 }
 
+vms_sdk_proto::SkipByPosReq skipByPosReq(quint32 offsetTime)
+{
+    vms_sdk_proto::SkipByPosReq request;
+    request.set_offset_time(offsetTime);
+    return request;
+}
+
+vms_sdk_proto::SkipByTimeReq skipByTimeReq(const QDateTime& skipTime)
+{
+    vms_sdk_proto::SkipByTimeReq request;
+    request.set_skip_time(streamTime(skipTime));
+    return request;
+}
+
+vms_sdk_proto::PlaybackCtrlReq playbackCtrlReq(PlaybackCtrl ctrl)
+{
+    vms_sdk_proto::PlaybackCtrlReq request;
+    request.set_ctrl(ctrl);
+    return request;
+}
+
+vms_sdk_proto::PlaybackSpeedSetReq playbackSpeedSetReq(const QString& speed)
+{
+    vms_sdk_proto::PlaybackSpeedSetReq request;
+    request.set_playback_speed(utf8(speed));
+    return request;
+}
+
 namespace {
 
 // Talking to a channel and speaking through it are asked for with one message; only the

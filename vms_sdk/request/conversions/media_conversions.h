@@ -5,6 +5,7 @@
 // Recordings, live and playback streams, and talk.
 
 #include <vms_sdk/media_records.h>
+#include <vms_sdk/vms_types.h>
 
 #include "vms_sdk/request/conversions/common_conversions.h"
 
@@ -39,6 +40,13 @@ void fillRecord(const vms_sdk_proto::PlaybackByFileReq& request,
 void fillWire(const PlaybackByTimeCondition& condition, vms_sdk_proto::PlaybackByTimeReq& request);
 void fillRecord(const vms_sdk_proto::PlaybackByTimeReq& request,
                 PlaybackByTimeCondition& condition);
+
+// The control requests of an open playback stream. The speed is the application's text, passed
+// on as it is: the gateway knows which speeds its devices take.
+vms_sdk_proto::SkipByPosReq skipByPosReq(quint32 offsetTime);
+vms_sdk_proto::SkipByTimeReq skipByTimeReq(const QDateTime& skipTime);
+vms_sdk_proto::PlaybackCtrlReq playbackCtrlReq(PlaybackCtrl ctrl);
+vms_sdk_proto::PlaybackSpeedSetReq playbackSpeedSetReq(const QString& speed);
 
 // Talk and speak requests share one message; the message type tells them apart.
 void fillWire(const TalkOperCondition& condition, vms_sdk_proto::TalkOperReq& request);

@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// SPDX-FileCopyrightText: the vms_client_sdk developers
+
+// The simulator's stream server on its own: a client socket speaking the stream frames.
+#include "sim_process.h"
+
+#include "support/test_support.h"
+
+#include "vms_protocol/message_type.h"
+
+#include "vms_message.pb.h"
+
+#include <QtEndian>
+
+#include <gtest/gtest.h>
+
+using namespace vms_sdk;
+using vms_test::SimProcess;
+
+namespace {
+
+// One stream connection and the frames that came on it.
+class StreamClient
+{
+public:
+    explicit StreamClient(const QString& serverName)
+    {
+        vms_test::waitFor([&] {
+            if (m_socket.state() == QLocalSocket::UnconnectedState)
+                m_socket.connectToServer(serverName);
+            return m_socket.state() == QLocalSocket::ConnectedState;
+        });
+        QObject::connect(&m_socket, &QLocalSocket::readyRead, [this] {
+            Frame frame;
+            while (m_reader.read(m_socket, frame))
+                m_frames.append(frame);
+        });
+    }
+
+    template<class Message>
+    void send(int type, const Message& message)
+    {
+        m_socket.write(
+            FrameCodec::encode(type, QByteArray::fromStdString(message.SerializeAsString())));
+        m_socket.flush();
+    }
+
+    // The frames up to the `count`-th of `type`, once it is there.
+    bool waitFor(int type, int count)
+    {
+        return vms_test::waitFor([&] { return this->count(type) >= count; });
+    }
+    int count(int type) const
+    {
+        int n = 0;
+        for (const Frame& frame : m_frames)
+            n += frame.type == type;
+        return n;
+    }
+    const QList<Frame>& frames() const { return m_frames; }
+    bool waitForDisconnected()
+    {
+        return vms_test::waitFor(
+            [&] { return m_socket.state() == QLocalSocket::UnconnectedState; });
+    }
+    bool connected() const { return m_socket.state() == QLocalSocket::ConnectedState; }
+
+private:
+    QLocalSocket m_socket;
+    FrameReader m_reader;
+    QList<Frame> m_frames;
+};
+
+vms_sdk_proto::LiveVideoConnReq live(const char* devId)
+{
+    vms_sdk_proto::LiveVideoConnReq request;
+    request.mutable_channel_id()->set_dev_id(devId);
+    request.mutable_channel_id()->set_channel_index(1);
+    return request;
+}
+
+quint64 sequenceOf(const Frame& frame)
+{
+    return qFromBigEndian<quint64>(frame.payload.constData() + 8);
+}
+
+class StreamServer : public vms_test::SimTest
+{};
+
+} // namespace
+
+TEST_F(StreamServer, EndsOrStallsStreamsAsConfigured)
+{
+    struct Row
+    {
+        const char* name;
+        QByteArray config;
+        const char* devId;
+        int frames;
+        QList<int> events;
+        bool closes;
+        const char* logged;
+    };
+    const QList<Row> rows{
+        {"unknown device", "{}", "nobody", 0, {1}, true, "refused: no device nobody"},
+        {"closed after 3 frames",
+         R"({"streams": {"frameRate": 200},
+          "faults": {"streamCloseAfterFrames": 3}})",
+         "cam-1",
+         3,
+         {},
+         true,
+         "fault: closing after 3 frames"},
+        {"stalled after 3 frames",
+         R"({"streams": {"frameRate": 200},
+          "faults": {"streamStallAfterFrames": 3}})",
+         "cam-1",
+         3,
+         {},
+         false,
+         "fault: stalled after 3 frames"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        SimProcess& sim = startSim(row.config);
+        StreamClient client(sim.streamServerName());
+        client.send(LiveVideoConnReq, live(row.devId));
+        ASSERT_TRUE(
+            vms_test::waitFor([&] { return sim.log().contains(QLatin1String(row.logged)); }));
+        if (row.closes)
+            ASSERT_TRUE(client.waitForDisconnected());
+        else
+            ASSERT_TRUE(client.waitFor(StreamData, row.frames));
+        EXPECT_EQ(client.connected(), !row.closes);
+        EXPECT_EQ(client.count(StreamData), row.frames);
+        QList<int> events;
+        for (const Frame& frame : client.frames()) {
+            vms_sdk_proto::StreamEventPush push;
+            if (frame.type == StreamEventPush &&
+                push.ParseFromArray(frame.payload.constData(), frame.payload.size()))
+                events.append(push.event());
+        }
+        EXPECT_EQ(events, row.events);
+    }
+}
+
+TEST_F(StreamServer, UnpacedStreamsSendAsFastAsTheClientReads)
+{
+    SimProcess& sim = startSim(R"({"streams": {"frameRate": 0, "frameBytes": 65536}})");
+    StreamClient client(sim.streamServerName());
+    client.send(LiveVideoConnReq, live("cam-1"));
+    ASSERT_TRUE(client.waitFor(StreamData, 300));
+    for (int i = 0; i < 300; ++i) {
+        ASSERT_EQ(client.frames()[i].payload.size(), 65536);
+        ASSERT_EQ(sequenceOf(client.frames()[i]), quint64(i));
+    }
+}
+
+TEST_F(StreamServer, TakesTheSpeedsAPlaybackKnows)
+{
+    SimProcess& sim = startSim(R"({"streams": {"frameRate": 200}})");
+    StreamClient client(sim.streamServerName());
+    vms_sdk_proto::PlaybackByFileReq start;
+    start.mutable_channel_id()->set_dev_id("cam-1");
+    start.mutable_channel_id()->set_channel_index(1);
+    client.send(PlaybackByFileReq, start);
+    vms_sdk_proto::PlaybackCtrlReq pause;
+    pause.set_ctrl(0);
+    client.send(PlaybackCtrlReq, pause);
+    int progress = 2; // at the start and on the pause
+    ASSERT_TRUE(client.waitFor(PlaybackPosProgressPush, progress));
+
+    struct Row
+    {
+        const char* speed;
+        const char* logged; // empty: not a speed
+    };
+    const QList<Row> rows{{"2", "(x2)"},   {"1/2", "(x0.5)"}, {"0.25", "(x0.25)"},
+                          {" 4 ", "(x4)"}, {"fast", ""},      {"0", ""},
+                          {"1/0", ""},     {"128", ""},       {"1/2/3", ""}};
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.speed);
+        vms_sdk_proto::PlaybackSpeedSetReq speed;
+        speed.set_playback_speed(row.speed);
+        client.send(PlaybackSpeedSetReq, speed);
+        // Paused, a pause only reports where the playback stands: a marker after the speed.
+        client.send(PlaybackCtrlReq, pause);
+        progress += *row.logged ? 2 : 1;
+        ASSERT_TRUE(client.waitFor(PlaybackPosProgressPush, progress));
+        EXPECT_EQ(client.count(PlaybackPosProgressPush), progress);
+        const QString line =
+            QStringLiteral("speed \"%1\" %2")
+                .arg(QLatin1String(row.speed), *row.logged ? QLatin1String(row.logged)
+                                                           : QLatin1String("ignored: not a speed"));
+        EXPECT_TRUE(sim.log().contains(line)) << line.toStdString();
+    }
+}
+
+TEST_F(StreamServer, RejectsAMisspeltStreamKey)
+{
+    SimProcess& sim = startSim(R"({"streams": {"frameRat": 5}})");
+    ASSERT_TRUE(sim.waitForExit());
+    EXPECT_EQ(sim.process().exitCode(), 2);
+    EXPECT_TRUE(sim.log().contains(QLatin1String("streams.frameRat"))) << sim.log().toStdString();
+}
