@@ -77,139 +77,73 @@ const QDateTime to(QDate(2024, 3, 2), QTime(18, 30, 0));
 #define FROM_TO_DASHED R"("startTime": "2024-03-01 08:00:05", "endTime": "2024-03-02 18:30:00")"
 #define FROM_TO_SNAKE R"("start_time": "2024-03-01 08:00:05", "end_time": "2024-03-02 18:30:00")"
 
+// clang-format off
 const DeviceCondition device{.requestId = "req-device", .devId = kDev};
 const ChannelCondition chan{.requestId = "req-chan", .channelId = channel().record};
-const AiChannelCondition ai{
-    .requestId = "req-ai", .channelId = channel().record, .package = "com.ai"};
-const FormatDiskCondition disk{
-    .requestId = "req-disk", .devId = kDev, .diskNum = 11, .diskName = "sda", .partionNum = 12};
+const AiChannelCondition ai{.requestId = "req-ai", .channelId = channel().record,
+                            .package = "com.ai"};
+const FormatDiskCondition disk{.requestId = "req-disk", .devId = kDev, .diskNum = 11,
+                               .diskName = "sda", .partionNum = 12};
 
 // The six conditions the answers are read with.
 const GetCustomersCntCondition customersCount{.requestId = "req-count",
-                                              .channelId = channel().record,
-                                              .startTime = from,
-                                              .endTime = to,
-                                              .countType = 3};
+                                              .channelId = channel().record, .startTime = from,
+                                              .endTime = to, .countType = 3};
 const GetCustomersRegionAttentionCondition attention{.requestId = "req-attention",
                                                      .channelId = channel().record,
-                                                     .startTime = from,
-                                                     .endTime = to,
-                                                     .countType = 2,
-                                                     .regionId = 181};
-const GetAlarmRecordsCondition alarms{.requestId = "req-alarms",
-                                      .channelId = channel().record,
-                                      .alarmType = "motion",
-                                      .orderType = 141,
-                                      .startTime = from,
-                                      .endTime = to,
-                                      .page = 142,
-                                      .pageSize = 143};
-const GetEventRecordsCondition events{.requestId = "req-events",
-                                      .channelId = channel().record,
-                                      .startTime = from,
-                                      .endTime = to,
-                                      .mergeTimeEnable = true,
-                                      .record = false,
-                                      .types = {151, 152}};
-const GetCalendarMaskCondition calendar{.requestId = "req-calendar",
-                                        .channelId = channel().record,
+                                                     .startTime = from, .endTime = to,
+                                                     .countType = 2, .regionId = 181};
+const GetAlarmRecordsCondition alarms{.requestId = "req-alarms", .channelId = channel().record,
+                                      .alarmType = "motion", .orderType = 141, .startTime = from,
+                                      .endTime = to, .page = 142, .pageSize = 143};
+const GetEventRecordsCondition events{.requestId = "req-events", .channelId = channel().record,
+                                      .startTime = from, .endTime = to, .mergeTimeEnable = true,
+                                      .record = false, .types = {151, 152}};
+const GetCalendarMaskCondition calendar{.requestId = "req-calendar", .channelId = channel().record,
                                         .startDate = QDate(2024, 1, 1),
                                         .endDate = QDate(2024, 1, 31)};
-const GetCustomerGroupCondition group{.requestId = "req-group",
-                                      .channelId = channel().record,
-                                      .package = "com.ai",
-                                      .startTime = from,
-                                      .endTime = to,
+const GetCustomerGroupCondition group{.requestId = "req-group", .channelId = channel().record,
+                                      .package = "com.ai", .startTime = from, .endTime = to,
                                       .countType = 5};
 
-const ModifyFaceCondition libraryFace{.requestId = "req-face",
-                                      .channelId = channel().record,
-                                      .serialNum = "serialNum",
-                                      .name = "Ana",
-                                      .gender = 91,
-                                      .package = "com.faces",
-                                      .index = 94,
-                                      .groupIds = {95, 96},
-                                      .faceId = "face-1",
-                                      .birthdate = QDate(1990, 7, 4),
-                                      .classification = "staff",
-                                      .startTime = from,
-                                      .endTime = to,
-                                      .jpegBase64List = {"AAE=", "AgM="},
-                                      .jpegUuidList = {"u1"}};
-const GetFacesCondition libraryFaces{.requestId = "req-faces",
-                                     .channelId = channel().record,
-                                     .pageNum = 101,
-                                     .pageSize = 102,
-                                     .package = "com.faces",
-                                     .keyword = "kw",
-                                     .groupIds = {104},
-                                     .gender = 105,
-                                     .active = "yes",
-                                     .classification = "vip",
+const ModifyFaceCondition libraryFace{.requestId = "req-face", .channelId = channel().record,
+                                      .serialNum = "serialNum", .name = "Ana", .gender = 91,
+                                      .package = "com.faces", .index = 94, .groupIds = {95, 96},
+                                      .faceId = "face-1", .birthdate = QDate(1990, 7, 4),
+                                      .classification = "staff", .startTime = from, .endTime = to,
+                                      .jpegBase64List = {"AAE=", "AgM="}, .jpegUuidList = {"u1"}};
+const GetFacesCondition libraryFaces{.requestId = "req-faces", .channelId = channel().record,
+                                     .pageNum = 101, .pageSize = 102, .package = "com.faces",
+                                     .keyword = "kw", .groupIds = {104}, .gender = 105,
+                                     .active = "yes", .classification = "vip",
                                      .modelingStatus = "done"};
 const QList<FaceGroupInfo> faceGroups{{.id = 121, .name = "staff", .enable = true},
                                       {.id = 122, .name = "guests", .enable = false}};
 const GetFaceRecRecordsCondition faceRecords{.requestId = "req-facerec",
-                                             .channelId = channel().record,
-                                             .package = "com.ai",
-                                             .captureRecords = true,
-                                             .startTime = from,
-                                             .endTime = to,
-                                             .age = 171,
-                                             .gender = 172,
-                                             .keyword = "kw",
-                                             .groupId = 173,
-                                             .classification = "vip",
-                                             .pageNum = 174,
+                                             .channelId = channel().record, .package = "com.ai",
+                                             .captureRecords = true, .startTime = from,
+                                             .endTime = to, .age = 171, .gender = 172,
+                                             .keyword = "kw", .groupId = 173,
+                                             .classification = "vip", .pageNum = 174,
                                              .pageSize = 175};
-const DevSysCfgInfo sysCfg{.bDiscoverable = true,
-                           .hostname = "host",
-                           .name = "cam name",
-                           .rebootDay = "monday",
-                           .rebootHour = 51,
-                           .syslanguage = "fr",
-                           .encryptEn = false,
-                           .supportedLangs = {"fr", "de"}};
-const ImageAdjustSettingInfo adjust{.contrast = 61,
-                                    .brightness = 62,
-                                    .saturation = 63,
-                                    .sharpen = 64,
-                                    .bEnableMI = true,
-                                    .bEnableST = false,
-                                    .rotate = 65,
-                                    .style = 66};
-const ImageSettingInfo image{.contrast = 71,
-                             .brightness = 72,
-                             .saturation = 73,
-                             .sharpen = 74,
-                             .fluency = 75,
-                             .definition = 76,
-                             .noise = 77,
-                             .smear = 78,
-                             .exposureMode = 79,
-                             .exposureMax = 80,
-                             .exposureMin = 81,
-                             .antiflick = 82,
-                             .scene = "scene",
-                             .daynightMode = "auto",
-                             .dayStart = QTime(6, 30),
-                             .dayEnd = QTime(19, 5),
-                             .light = 83,
-                             .rotate = 84,
-                             .bEnableAWB = true,
-                             .bEnableMI = false,
-                             .bEnableST = true,
-                             .bEnableNoC = false,
-                             .bEnableWDynamic = true,
-                             .bAutoLowFrameEn = false,
-                             .bNightOptimization = true,
-                             .bDefogging = false,
-                             .bStarlight = true,
-                             .bAutogain = false,
-                             .bBLC = true,
-                             .bDistortionCorrection = false,
+const DevSysCfgInfo sysCfg{.bDiscoverable = true, .hostname = "host", .name = "cam name",
+                           .rebootDay = "monday", .rebootHour = 51, .syslanguage = "fr",
+                           .encryptEn = false, .supportedLangs = {"fr", "de"}};
+const ImageAdjustSettingInfo adjust{.contrast = 61, .brightness = 62, .saturation = 63,
+                                    .sharpen = 64, .bEnableMI = true, .bEnableST = false,
+                                    .rotate = 65, .style = 66};
+const ImageSettingInfo image{.contrast = 71, .brightness = 72, .saturation = 73, .sharpen = 74,
+                             .fluency = 75, .definition = 76, .noise = 77, .smear = 78,
+                             .exposureMode = 79, .exposureMax = 80, .exposureMin = 81,
+                             .antiflick = 82, .scene = "scene", .daynightMode = "auto",
+                             .dayStart = QTime(6, 30), .dayEnd = QTime(19, 5), .light = 83,
+                             .rotate = 84, .bEnableAWB = true, .bEnableMI = false,
+                             .bEnableST = true, .bEnableNoC = false, .bEnableWDynamic = true,
+                             .bAutoLowFrameEn = false, .bNightOptimization = true,
+                             .bDefogging = false, .bStarlight = true, .bAutogain = false,
+                             .bBLC = true, .bDistortionCorrection = false,
                              .bDigitalstabilize = true};
+// clang-format on
 
 vms_sdk_proto::OpenRemoteConfigReq remoteConfig()
 {

@@ -22,6 +22,9 @@ namespace vms_test::literal {
 using namespace vms_sdk;
 namespace p = vms_sdk_proto;
 
+// Records are packed several fields to a line; the messages keep one field to a line.
+// clang-format off
+
 template<class Record, class Wire>
 struct Literal
 {
@@ -40,8 +43,8 @@ inline Literal<ChannelId, p::ChannelId> channel()
 
 inline Literal<Response, p::Response> response()
 {
-    const Response record{
-        .requestId = "req-response", .errCode = -3, .errMsg = "d\xc3\xa9j\xc3\xa0"};
+    const Response record{.requestId = "req-response", .errCode = -3,
+                          .errMsg = "d\xc3\xa9j\xc3\xa0"};
     p::Response wire;
     wire.mutable_error()->set_code(-3);
     wire.mutable_error()->set_err_msg("d\xc3\xa9j\xc3\xa0");
@@ -78,15 +81,9 @@ inline Literal<ChannelCondition, p::ChannelReq> channelReq()
 
 inline Literal<InitDgwCondition, p::InitDgwReq> initDgw()
 {
-    const InitDgwCondition record{.ak = "ak",
-                                  .sk = "sk",
-                                  .ck = "ck",
-                                  .csk = "csk",
-                                  .serviceEnabled = true,
-                                  .url = "url",
-                                  .serviceType = 11,
-                                  .saasServer = "saasServer",
-                                  .saasCer = "saasCer"};
+    const InitDgwCondition record{.ak = "ak", .sk = "sk", .ck = "ck", .csk = "csk",
+                                  .serviceEnabled = true, .url = "url", .serviceType = 11,
+                                  .saasServer = "saasServer", .saasCer = "saasCer"};
     p::InitDgwReq wire;
     wire.set_ak("ak");
     wire.set_sk("sk");
@@ -102,8 +99,8 @@ inline Literal<InitDgwCondition, p::InitDgwReq> initDgw()
 
 inline Literal<AiAbilityInfo, p::AiAbilityInfo> aiAbility()
 {
-    const AiAbilityInfo record{
-        .package = "package", .version = 12, .name = "name", .status = 13, .enabled = true};
+    const AiAbilityInfo record{.package = "package", .version = 12, .name = "name", .status = 13,
+                               .enabled = true};
     p::AiAbilityInfo wire;
     wire.set_package("package");
     wire.set_attr_2(12);
@@ -115,24 +112,11 @@ inline Literal<AiAbilityInfo, p::AiAbilityInfo> aiAbility()
 
 inline Literal<DevInfo, p::DevInfo> devInfo()
 {
-    const DevInfo record{.id = "id",
-                         .name = "name",
-                         .sn = "sn",
-                         .devType = 14,
-                         .ip = "ip",
-                         .port = 15,
-                         .user = "user",
-                         .password = "password",
-                         .version = "version",
-                         .seriesName = "seriesName",
-                         .protocol = 16,
-                         .status = 17,
-                         .channelCount = 18,
-                         .activateStatus = 19,
-                         .dhcpEnabled = true,
-                         .httpPort = 20,
-                         .rtspPort = 21,
-                         .loginMode = 22};
+    const DevInfo record{.id = "id", .name = "name", .sn = "sn", .devType = 14, .ip = "ip",
+                         .port = 15, .user = "user", .password = "password", .version = "version",
+                         .seriesName = "seriesName", .protocol = 16, .status = 17,
+                         .channelCount = 18, .activateStatus = 19, .dhcpEnabled = true,
+                         .httpPort = 20, .rtspPort = 21, .loginMode = 22};
     p::DevInfo wire;
     wire.set_id("id");
     wire.set_name("name");
@@ -157,17 +141,9 @@ inline Literal<DevInfo, p::DevInfo> devInfo()
 
 inline Literal<DevInfoFromDgw, p::DevInfoFromDgw> devInfoFromDgw()
 {
-    const DevInfoFromDgw record{.id = "id",
-                                .sn = "sn",
-                                .ip = "ip",
-                                .devType = 23,
-                                .port = 24,
-                                .protocol = 25,
-                                .version = "version",
-                                .seriesName = "seriesName",
-                                .channelCount = 26,
-                                .status = 27,
-                                .devCode = "devCode",
+    const DevInfoFromDgw record{.id = "id", .sn = "sn", .ip = "ip", .devType = 23, .port = 24,
+                                .protocol = 25, .version = "version", .seriesName = "seriesName",
+                                .channelCount = 26, .status = 27, .devCode = "devCode",
                                 .p2pStatus = 28,
                                 .abilityDetails = {{29, aiAbility().record}, {-29, {}}}};
     p::DevInfoFromDgw wire;
@@ -190,17 +166,9 @@ inline Literal<DevInfoFromDgw, p::DevInfoFromDgw> devInfoFromDgw()
 
 inline Literal<DevChannelInfo, p::DevChannInfo> devChannel()
 {
-    const DevChannelInfo record{.channelId = channel().record,
-                                .osd = "osd",
-                                .devType = 30,
-                                .status = 31,
-                                .sn = "sn",
-                                .ip = "ip",
-                                .port = 32,
-                                .user = "user",
-                                .password = "password",
-                                .protocol = 33,
-                                .remoteChannelIndex = 34,
+    const DevChannelInfo record{.channelId = channel().record, .osd = "osd", .devType = 30,
+                                .status = 31, .sn = "sn", .ip = "ip", .port = 32, .user = "user",
+                                .password = "password", .protocol = 33, .remoteChannelIndex = 34,
                                 .abilityDetails = {{35, aiAbility().record}, {-35, {}}}};
     p::DevChannInfo wire;
     *wire.mutable_channel_id() = channel().wire;
@@ -230,8 +198,8 @@ inline Literal<DevTempUserCode, p::DevTempUserCode> tempUserCode()
 
 inline Literal<SearchDevsConfig, p::SetSearchDevsConfigCmd> searchConfig()
 {
-    const SearchDevsConfig record{
-        .rangeEnabled = true, .beginIp = "beginIp", .endIp = "endIp", .port = 36};
+    const SearchDevsConfig record{.rangeEnabled = true, .beginIp = "beginIp", .endIp = "endIp",
+                                  .port = 36};
     p::SetSearchDevsConfigCmd wire;
     wire.set_attr_1(true);
     wire.set_begin_ip("beginIp");
@@ -251,10 +219,8 @@ inline Literal<SecretInfo, p::SecretInfo> secret()
 
 inline Literal<ActivateCondition, p::DevActivateCmd> activate()
 {
-    const ActivateCondition record{.devsSn = {"devsSn-1", "devsSn-2"},
-                                   .account = "account",
-                                   .password = "password",
-                                   .secrets = {secret().record, {}},
+    const ActivateCondition record{.devsSn = {"devsSn-1", "devsSn-2"}, .account = "account",
+                                   .password = "password", .secrets = {secret().record, {}},
                                    .pwdLevel = 37};
     p::DevActivateCmd wire;
     wire.add_devs_sn("devsSn-1");
@@ -278,10 +244,8 @@ inline Literal<GetDevSecretQuestionsCondition, p::DevSecretQuestionsGetReq> secr
 
 inline Literal<ResetDevPwdCondition, p::DevPwdResetReq> resetPwd()
 {
-    const ResetDevPwdCondition record{.devSn = "devSn",
-                                      .account = "account",
-                                      .password = "password",
-                                      .secrets = {secret().record, {}}};
+    const ResetDevPwdCondition record{.devSn = "devSn", .account = "account",
+                                      .password = "password", .secrets = {secret().record, {}}};
     p::DevPwdResetReq wire;
     wire.set_dev_sn("devSn");
     wire.set_account("account");
@@ -294,11 +258,9 @@ inline Literal<ResetDevPwdCondition, p::DevPwdResetReq> resetPwd()
 inline Literal<ModifyDevAccountCondition, p::ModifyDevAccountReq> modifyAccount()
 {
     const ModifyDevAccountCondition record{.requestId = "req-modifyAccount",
-                                           .devId = "dev-\xc3\xa9",
-                                           .account = "account",
+                                           .devId = "dev-\xc3\xa9", .account = "account",
                                            .oldPassword = "oldPassword",
-                                           .newPassword = "newPassword",
-                                           .level = "level"};
+                                           .newPassword = "newPassword", .level = "level"};
     p::ModifyDevAccountReq wire;
     wire.set_request_id("req-modifyAccount");
     wire.set_dev_id("dev-\xc3\xa9");
@@ -311,8 +273,8 @@ inline Literal<ModifyDevAccountCondition, p::ModifyDevAccountReq> modifyAccount(
 
 inline Literal<ModifyDevNameCondition, p::ModifyDevNameReq> modifyName()
 {
-    const ModifyDevNameCondition record{
-        .requestId = "req-modifyName", .devId = "dev-\xc3\xa9", .devName = "devName"};
+    const ModifyDevNameCondition record{.requestId = "req-modifyName", .devId = "dev-\xc3\xa9",
+                                        .devName = "devName"};
     p::ModifyDevNameReq wire;
     wire.set_request_id("req-modifyName");
     wire.set_dev_id("dev-\xc3\xa9");
@@ -322,8 +284,8 @@ inline Literal<ModifyDevNameCondition, p::ModifyDevNameReq> modifyName()
 
 inline Literal<SetOSDCondition, p::SetOSDReq> setOsd()
 {
-    const SetOSDCondition record{
-        .requestId = "req-setOsd", .channelId = channel().record, .osd = "osd"};
+    const SetOSDCondition record{.requestId = "req-setOsd", .channelId = channel().record,
+                                 .osd = "osd"};
     p::SetOSDReq wire;
     wire.set_request_id("req-setOsd");
     *wire.mutable_channel_id() = channel().wire;
@@ -333,14 +295,9 @@ inline Literal<SetOSDCondition, p::SetOSDReq> setOsd()
 
 inline Literal<DevNetInfo, p::DevNetInfo> devNetInfo()
 {
-    const DevNetInfo record{.ip = "ip",
-                            .subNetMask = "subNetMask",
-                            .defaultGateway = "defaultGateway",
-                            .dns = "dns",
-                            .dhcpEnabled = true,
-                            .netMode = 38,
-                            .httpPort = 39,
-                            .netCardIndex = 40};
+    const DevNetInfo record{.ip = "ip", .subNetMask = "subNetMask",
+                            .defaultGateway = "defaultGateway", .dns = "dns", .dhcpEnabled = true,
+                            .netMode = 38, .httpPort = 39, .netCardIndex = 40};
     p::DevNetInfo wire;
     wire.set_ip("ip");
     wire.set_sub_net_mask("subNetMask");
@@ -357,15 +314,10 @@ inline Literal<DevNetInfo, p::DevNetInfo> devNetInfo()
 // in order, then the flag and the three numbers, all inside the nested net_info.
 inline Literal<SetDevNetCondition, p::DevNetSetReq> setDevNet()
 {
-    const SetDevNetCondition record{.requestId = "req-setDevNet",
-                                    .devId = "dev-\xc3\xa9",
-                                    .ip = "10.0.0.2",
-                                    .subNetMask = "255.255.255.0",
-                                    .defaultGateway = "10.0.0.1",
-                                    .dns = "10.0.0.53",
-                                    .dhcpEnabled = true,
-                                    .netMode = 201,
-                                    .httpPort = 8080,
+    const SetDevNetCondition record{.requestId = "req-setDevNet", .devId = "dev-\xc3\xa9",
+                                    .ip = "10.0.0.2", .subNetMask = "255.255.255.0",
+                                    .defaultGateway = "10.0.0.1", .dns = "10.0.0.53",
+                                    .dhcpEnabled = true, .netMode = 201, .httpPort = 8080,
                                     .netCardIndex = 202};
     p::DevNetSetReq wire;
     wire.set_request_id("req-setDevNet");
@@ -383,11 +335,8 @@ inline Literal<SetDevNetCondition, p::DevNetSetReq> setDevNet()
 
 inline Literal<DevPlatformInfo, p::DevPlatformInfo> devPlatformInfo()
 {
-    const DevPlatformInfo record{.enabled = true,
-                                 .platformAddr = "platformAddr",
-                                 .online = false,
-                                 .port = 41,
-                                 .protocolType = 42};
+    const DevPlatformInfo record{.enabled = true, .platformAddr = "platformAddr", .online = false,
+                                 .port = 41, .protocolType = 42};
     p::DevPlatformInfo wire;
     wire.set_attr_1(true);
     wire.set_platform_addr("platformAddr");
@@ -399,10 +348,8 @@ inline Literal<DevPlatformInfo, p::DevPlatformInfo> devPlatformInfo()
 
 inline Literal<GetDevPlatformCondition, p::DevPlatformGetReq> getDevPlatform()
 {
-    const GetDevPlatformCondition record{.requestId = "req-getDevPlatform",
-                                         .devId = "dev-\xc3\xa9",
-                                         .platformType = 43,
-                                         .withStatus = true};
+    const GetDevPlatformCondition record{.requestId = "req-getDevPlatform", .devId = "dev-\xc3\xa9",
+                                         .platformType = 43, .withStatus = true};
     p::DevPlatformGetReq wire;
     wire.set_request_id("req-getDevPlatform");
     wire.set_dev_id("dev-\xc3\xa9");
@@ -413,8 +360,7 @@ inline Literal<GetDevPlatformCondition, p::DevPlatformGetReq> getDevPlatform()
 
 inline Literal<SetDevPlatformCondition, p::DevPlatformSetReq> setDevPlatform()
 {
-    const SetDevPlatformCondition record{.requestId = "req-setDevPlatform",
-                                         .devId = "dev-\xc3\xa9",
+    const SetDevPlatformCondition record{.requestId = "req-setDevPlatform", .devId = "dev-\xc3\xa9",
                                          .platformInfo = devPlatformInfo().record};
     p::DevPlatformSetReq wire;
     wire.set_request_id("req-setDevPlatform");
@@ -425,10 +371,8 @@ inline Literal<SetDevPlatformCondition, p::DevPlatformSetReq> setDevPlatform()
 
 inline Literal<DevPlatformInfo_kvr, p::DevPlatformInfo_kvr> devPlatformKvr()
 {
-    const DevPlatformInfo_kvr record{.enabled = true,
-                                     .onlineServerEnabled = false,
-                                     .onlineServer = "onlineServer",
-                                     .bussinessServerEnabled = true,
+    const DevPlatformInfo_kvr record{.enabled = true, .onlineServerEnabled = false,
+                                     .onlineServer = "onlineServer", .bussinessServerEnabled = true,
                                      .bussinessServer = "bussinessServer"};
     p::DevPlatformInfo_kvr wire;
     wire.set_attr_1(true);
@@ -453,13 +397,9 @@ inline Literal<SetDevPlatform_kvrCondition, p::DevPlatform_kvrSetReq> setDevPlat
 
 inline Literal<ImportDevCertCondition, p::DevCertImportReq> importCert()
 {
-    const ImportDevCertCondition record{.requestId = "req-importCert",
-                                        .devId = "dev-\xc3\xa9",
-                                        .certType = 44,
-                                        .ca = "ca",
-                                        .certContents = "certContents",
-                                        .key = "key",
-                                        .secretKey = "secretKey"};
+    const ImportDevCertCondition record{.requestId = "req-importCert", .devId = "dev-\xc3\xa9",
+                                        .certType = 44, .ca = "ca", .certContents = "certContents",
+                                        .key = "key", .secretKey = "secretKey"};
     p::DevCertImportReq wire;
     wire.set_request_id("req-importCert");
     wire.set_dev_id("dev-\xc3\xa9");
@@ -473,12 +413,9 @@ inline Literal<ImportDevCertCondition, p::DevCertImportReq> importCert()
 
 inline Literal<PTZCtrlCondition, p::PTZCtrlReq> ptzCtrl()
 {
-    const PTZCtrlCondition record{.requestId = "req-ptzCtrl",
-                                  .channelId = channel().record,
-                                  .operation = PTZOperationZoomOut,
-                                  .action = PTZActionStop,
-                                  .speed = 47,
-                                  .duration = 48};
+    const PTZCtrlCondition record{.requestId = "req-ptzCtrl", .channelId = channel().record,
+                                  .operation = PTZOperationZoomOut, .action = PTZActionStop,
+                                  .speed = 47, .duration = 48};
     p::PTZCtrlReq wire;
     wire.set_request_id("req-ptzCtrl");
     *wire.mutable_channel_id() = channel().wire;
@@ -500,10 +437,8 @@ inline Literal<PresetInfo, p::PresetInfo> preset()
 
 inline Literal<PresetOperCondition, p::PresetOperReq> presetOper()
 {
-    const PresetOperCondition record{.requestId = "req-presetOper",
-                                     .channelId = channel().record,
-                                     .presetNum = 50,
-                                     .presetName = "presetName",
+    const PresetOperCondition record{.requestId = "req-presetOper", .channelId = channel().record,
+                                     .presetNum = 50, .presetName = "presetName",
                                      .operation = PresetOperDelete};
     p::PresetOperReq wire;
     wire.set_request_id("req-presetOper");
@@ -526,8 +461,8 @@ inline Literal<PatrolPresetInfo, p::PatrolPresetInfo> patrolPreset()
 
 inline Literal<PatrolInfo, p::PatrolInfo> patrol()
 {
-    const PatrolInfo record{
-        .patrolIndex = 54, .patrolPresets = {patrolPreset().record, {}}, .status = 55, .mode = 56};
+    const PatrolInfo record{.patrolIndex = 54, .patrolPresets = {patrolPreset().record, {}},
+                            .status = 55, .mode = 56};
     p::PatrolInfo wire;
     wire.set_attr_1(54);
     *wire.add_patrol_presets() = patrolPreset().wire;
@@ -540,11 +475,8 @@ inline Literal<PatrolInfo, p::PatrolInfo> patrol()
 
 inline Literal<PatrolOperCondition, p::PatrolOperReq> patrolOper()
 {
-    const PatrolOperCondition record{.requestId = "req-patrolOper",
-                                     .channelId = channel().record,
-                                     .patrolIndex = 57,
-                                     .speed = 58,
-                                     .operation = PatrolOperDelete};
+    const PatrolOperCondition record{.requestId = "req-patrolOper", .channelId = channel().record,
+                                     .patrolIndex = 57, .speed = 58, .operation = PatrolOperDelete};
     p::PatrolOperReq wire;
     wire.set_request_id("req-patrolOper");
     *wire.mutable_channel_id() = channel().wire;
@@ -557,10 +489,8 @@ inline Literal<PatrolOperCondition, p::PatrolOperReq> patrolOper()
 inline Literal<PatrolPresetOperCondition, p::PatrolPresetOperReq> patrolPresetOper()
 {
     const PatrolPresetOperCondition record{.requestId = "req-patrolPresetOper",
-                                           .channelId = channel().record,
-                                           .patrolIndex = 60,
-                                           .stayTime = 61,
-                                           .presetNum = 62,
+                                           .channelId = channel().record, .patrolIndex = 60,
+                                           .stayTime = 61, .presetNum = 62,
                                            .operation = PatrolPresetOperModify};
     p::PatrolPresetOperReq wire;
     wire.set_request_id("req-patrolPresetOper");
@@ -584,8 +514,7 @@ inline Literal<PatrolPresetItem, p::SetPatrolPresetsReq::PresetInfo> patrolPrese
 inline Literal<SetPatrolPresetsCondition, p::SetPatrolPresetsReq> setPatrolPresets()
 {
     const SetPatrolPresetsCondition record{.requestId = "req-setPatrolPresets",
-                                           .channelId = channel().record,
-                                           .patrolIndex = 66,
+                                           .channelId = channel().record, .patrolIndex = 66,
                                            .presets = {patrolPresetItem().record, {}}};
     p::SetPatrolPresetsReq wire;
     wire.set_request_id("req-setPatrolPresets");
@@ -598,11 +527,8 @@ inline Literal<SetPatrolPresetsCondition, p::SetPatrolPresetsReq> setPatrolPrese
 
 inline Literal<VideoRecInfo, p::VideoRecInfo> videoRec()
 {
-    const VideoRecInfo record{.beginTime = "beginTime",
-                              .endTime = "endTime",
-                              .fileName = "fileName",
-                              .recordType = 67,
-                              .recordSrc = 68};
+    const VideoRecInfo record{.beginTime = "beginTime", .endTime = "endTime",
+                              .fileName = "fileName", .recordType = 67, .recordSrc = 68};
     p::VideoRecInfo wire;
     wire.set_begin_time("beginTime");
     wire.set_end_time("endTime");
@@ -614,11 +540,8 @@ inline Literal<VideoRecInfo, p::VideoRecInfo> videoRec()
 
 inline Literal<RecsSearchCondition, p::SearchVideoRecordingsReq> recsSearch()
 {
-    const RecsSearchCondition record{.requestId = "req-recsSearch",
-                                     .channelId = channel().record,
-                                     .recordType = 69,
-                                     .recordSrc = 70,
-                                     .beginTime = "beginTime",
+    const RecsSearchCondition record{.requestId = "req-recsSearch", .channelId = channel().record,
+                                     .recordType = 69, .recordSrc = 70, .beginTime = "beginTime",
                                      .endTime = "endTime"};
     p::SearchVideoRecordingsReq wire;
     wire.set_request_id("req-recsSearch");
@@ -632,8 +555,8 @@ inline Literal<RecsSearchCondition, p::SearchVideoRecordingsReq> recsSearch()
 
 inline Literal<GetRtspUrlCondition, p::GetRtspUrlReq> rtspUrl()
 {
-    const GetRtspUrlCondition record{
-        .requestId = "req-rtspUrl", .channelId = channel().record, .streamType = 71};
+    const GetRtspUrlCondition record{.requestId = "req-rtspUrl", .channelId = channel().record,
+                                     .streamType = 71};
     p::GetRtspUrlReq wire;
     wire.set_request_id("req-rtspUrl");
     *wire.mutable_channel_id() = channel().wire;
@@ -652,8 +575,8 @@ inline Literal<LiveVideoConnCondition, p::LiveVideoConnReq> liveVideo()
 
 inline Literal<PlaybackByFileCondition, p::PlaybackByFileReq> playbackByFile()
 {
-    const PlaybackByFileCondition record{
-        .channelId = channel().record, .fileName = "fileName", .recordSrc = 73, .download = 74};
+    const PlaybackByFileCondition record{.channelId = channel().record, .fileName = "fileName",
+                                         .recordSrc = 73, .download = 74};
     p::PlaybackByFileReq wire;
     *wire.mutable_channel_id() = channel().wire;
     wire.set_file_name("fileName");
@@ -666,8 +589,8 @@ inline Literal<PlaybackByFileCondition, p::PlaybackByFileReq> playbackByFile()
 inline Literal<PlaybackByTimeCondition, p::PlaybackByTimeReq> playbackByTime()
 {
     const PlaybackByTimeCondition record{.channelId = channel().record,
-                                         .startTime =
-                                             QDateTime(QDate(2021, 3, 4), QTime(5, 6, 7, 8)),
+                                         .startTime = QDateTime(QDate(2021, 3, 4),
+                                                                QTime(5, 6, 7, 8)),
                                          .recordSrc = 203};
     p::PlaybackByTimeReq wire;
     *wire.mutable_channel_id() = channel().wire;
@@ -678,8 +601,8 @@ inline Literal<PlaybackByTimeCondition, p::PlaybackByTimeReq> playbackByTime()
 
 inline Literal<TalkOperCondition, p::TalkOperReq> talkOper()
 {
-    const TalkOperCondition record{
-        .requestId = "req-talkOper", .channelId = channel().record, .operation = 75};
+    const TalkOperCondition record{.requestId = "req-talkOper", .channelId = channel().record,
+                                   .operation = 75};
     p::TalkOperReq wire;
     wire.set_request_id("req-talkOper");
     *wire.mutable_channel_id() = channel().wire;
@@ -689,8 +612,8 @@ inline Literal<TalkOperCondition, p::TalkOperReq> talkOper()
 
 inline Literal<SpeakOperCondition, p::TalkOperReq> speakOper()
 {
-    const SpeakOperCondition record{
-        .requestId = "req-speakOper", .channelId = channel().record, .operation = 76};
+    const SpeakOperCondition record{.requestId = "req-speakOper", .channelId = channel().record,
+                                    .operation = 76};
     p::TalkOperReq wire;
     wire.set_request_id("req-speakOper");
     *wire.mutable_channel_id() = channel().wire;
@@ -700,18 +623,10 @@ inline Literal<SpeakOperCondition, p::TalkOperReq> speakOper()
 
 inline Literal<FaceInfo, p::FaceInfo> faceInfo()
 {
-    const FaceInfo record{.index = 77,
-                          .serialNum = "serialNum",
-                          .name = "name",
-                          .faceType = "faceType",
-                          .faceUrl = "faceUrl",
-                          .gender = 78,
-                          .age = 79,
-                          .faceImage = QByteArray("\0\xff"
-                                                  "faceImage",
-                                                  11),
-                          .validTime = "validTime",
-                          .invalidTime = "invalidTime",
+    const FaceInfo record{.index = 77, .serialNum = "serialNum", .name = "name",
+                          .faceType = "faceType", .faceUrl = "faceUrl", .gender = 78, .age = 79,
+                          .faceImage = QByteArray("\0\xff" "faceImage", 11),
+                          .validTime = "validTime", .invalidTime = "invalidTime",
                           .organizations = {"organizations-1", "organizations-2"}};
     p::FaceInfo wire;
     wire.set_attr_1(77);
@@ -733,8 +648,8 @@ inline Literal<FaceInfo, p::FaceInfo> faceInfo()
 
 inline Literal<DelFaceCondition, p::DelFaceReq> delFace()
 {
-    const DelFaceCondition record{
-        .requestId = "req-delFace", .channelId = channel().record, .index = 80};
+    const DelFaceCondition record{.requestId = "req-delFace", .channelId = channel().record,
+                                  .index = 80};
     p::DelFaceReq wire;
     wire.set_request_id("req-delFace");
     *wire.mutable_channel_id() = channel().wire;
@@ -744,23 +659,13 @@ inline Literal<DelFaceCondition, p::DelFaceReq> delFace()
 
 inline Literal<FaceDetectRecordInfo, p::FaceDetectRecordInfo> faceDetectRecord()
 {
-    const FaceDetectRecordInfo record{.serialNum = "serialNum",
-                                      .name = "name",
-                                      .company = "company",
-                                      .department = "department",
-                                      .position = "position",
-                                      .detectTime = "detectTime",
-                                      .recordId = 81,
-                                      .similarity = 82,
-                                      .temperature = 83.5,
-                                      .temperatureState = 84,
-                                      .maskState = 85,
-                                      .snapImage = QByteArray("\0\xff"
-                                                              "snapImage",
-                                                              11),
-                                      .faceImage = QByteArray("\0\xff"
-                                                              "faceImage",
-                                                              11)};
+    const FaceDetectRecordInfo record{.serialNum = "serialNum", .name = "name",
+                                      .company = "company", .department = "department",
+                                      .position = "position", .detectTime = "detectTime",
+                                      .recordId = 81, .similarity = 82, .temperature = 83.5,
+                                      .temperatureState = 84, .maskState = 85,
+                                      .snapImage = QByteArray("\0\xff" "snapImage", 11),
+                                      .faceImage = QByteArray("\0\xff" "faceImage", 11)};
     p::FaceDetectRecordInfo wire;
     wire.set_serial_num("serialNum");
     wire.set_name("name");
@@ -785,10 +690,8 @@ inline Literal<FaceDetectRecordInfo, p::FaceDetectRecordInfo> faceDetectRecord()
 inline Literal<GetFaceDetectRecordsCondition, p::GetFaceDetectRecordsReq> getFaceDetectRecords()
 {
     const GetFaceDetectRecordsCondition record{.requestId = "req-getFaceDetectRecords",
-                                               .channelId = channel().record,
-                                               .pageNum = 86,
-                                               .pageSize = 87,
-                                               .beginTime = "beginTime",
+                                               .channelId = channel().record, .pageNum = 86,
+                                               .pageSize = 87, .beginTime = "beginTime",
                                                .endTime = "endTime"};
     p::GetFaceDetectRecordsReq wire;
     wire.set_request_id("req-getFaceDetectRecords");
@@ -802,10 +705,8 @@ inline Literal<GetFaceDetectRecordsCondition, p::GetFaceDetectRecordsReq> getFac
 
 inline Literal<FaceCountInfo, p::FaceCountInfo> faceCount()
 {
-    const FaceCountInfo record{.channelId = channel().record,
-                               .faceCount = 88,
-                               .abnormalTemperatureCount = 89,
-                               .withoutMaskCount = 90};
+    const FaceCountInfo record{.channelId = channel().record, .faceCount = 88,
+                               .abnormalTemperatureCount = 89, .withoutMaskCount = 90};
     p::FaceCountInfo wire;
     *wire.mutable_channel_id() = channel().wire;
     wire.set_attr_2(88);
@@ -816,21 +717,12 @@ inline Literal<FaceCountInfo, p::FaceCountInfo> faceCount()
 
 inline Literal<AlarmInfo, p::AlarmInfo> alarmInfo()
 {
-    const AlarmInfo record{.alarmId = "alarmId",
-                           .channelId = channel().record,
-                           .triggerChannelId = channel().record,
-                           .triggerName = "triggerName",
+    const AlarmInfo record{.alarmId = "alarmId", .channelId = channel().record,
+                           .triggerChannelId = channel().record, .triggerName = "triggerName",
                            .alarmTime = "alarmTime",
-                           .attachments = {QByteArray("\0\xff"
-                                                      "attachments",
-                                                      13),
-                                           QByteArray()},
-                           .alarmType = "alarmType",
-                           .alarmKind = 91,
-                           .alarmName = "alarmName",
-                           .detail = QByteArray("\0\xff"
-                                                "detail",
-                                                8)};
+                           .attachments = {QByteArray("\0\xff" "attachments", 13), QByteArray()},
+                           .alarmType = "alarmType", .alarmKind = 91, .alarmName = "alarmName",
+                           .detail = QByteArray("\0\xff" "detail", 8)};
     p::AlarmInfo wire;
     wire.set_alarm_id("alarmId");
     *wire.mutable_channel_id() = channel().wire;
@@ -852,13 +744,9 @@ inline Literal<AlarmInfo, p::AlarmInfo> alarmInfo()
 
 inline Literal<DevUpgradeCondtition, p::DevUpgradeReq> devUpgrade()
 {
-    const DevUpgradeCondtition record{.requestId = "req-devUpgrade",
-                                      .devId = "dev-\xc3\xa9",
-                                      .mode = "mode",
-                                      .url = "url",
-                                      .upgradeType = 92,
-                                      .mainFile = "mainFile",
-                                      .verFile = "verFile"};
+    const DevUpgradeCondtition record{.requestId = "req-devUpgrade", .devId = "dev-\xc3\xa9",
+                                      .mode = "mode", .url = "url", .upgradeType = 92,
+                                      .mainFile = "mainFile", .verFile = "verFile"};
     p::DevUpgradeReq wire;
     wire.set_request_id("req-devUpgrade");
     wire.set_dev_id("dev-\xc3\xa9");
@@ -872,10 +760,8 @@ inline Literal<DevUpgradeCondtition, p::DevUpgradeReq> devUpgrade()
 
 inline Literal<UploadFileCondition, p::UploadFileReq> uploadFile()
 {
-    const UploadFileCondition record{.requestId = "req-uploadFile",
-                                     .devId = "dev-\xc3\xa9",
-                                     .fileName = "fileName",
-                                     .purpose = "purpose"};
+    const UploadFileCondition record{.requestId = "req-uploadFile", .devId = "dev-\xc3\xa9",
+                                     .fileName = "fileName", .purpose = "purpose"};
     p::UploadFileReq wire;
     wire.set_request_id("req-uploadFile");
     wire.set_dev_id("dev-\xc3\xa9");
@@ -886,10 +772,8 @@ inline Literal<UploadFileCondition, p::UploadFileReq> uploadFile()
 
 inline Literal<DownloadFileCondition, p::DownloadFileReq> downloadFile()
 {
-    const DownloadFileCondition record{.requestId = "req-downloadFile",
-                                       .devId = "dev-\xc3\xa9",
-                                       .srcFileName = "srcFileName",
-                                       .desFileName = "desFileName"};
+    const DownloadFileCondition record{.requestId = "req-downloadFile", .devId = "dev-\xc3\xa9",
+                                       .srcFileName = "srcFileName", .desFileName = "desFileName"};
     p::DownloadFileReq wire;
     wire.set_request_id("req-downloadFile");
     wire.set_dev_id("dev-\xc3\xa9");
@@ -900,8 +784,8 @@ inline Literal<DownloadFileCondition, p::DownloadFileReq> downloadFile()
 
 inline Literal<FileTransferProgress, p::FileTransferProgress> fileProgress()
 {
-    const FileTransferProgress record{
-        .requestId = "req-fileProgress", .progress = 93, .status = 94};
+    const FileTransferProgress record{.requestId = "req-fileProgress", .progress = 93,
+                                      .status = 94};
     p::FileTransferProgress wire;
     wire.set_request_id("req-fileProgress");
     wire.set_attr_2(93);
@@ -911,20 +795,13 @@ inline Literal<FileTransferProgress, p::FileTransferProgress> fileProgress()
 
 inline Literal<ModifyFaceCondition, p::AddFaceReq> addFace()
 {
-    const ModifyFaceCondition record{.requestId = "req-addFace",
-                                     .channelId = channel().record,
-                                     .serialNum = "serialNum",
-                                     .name = "name",
+    const ModifyFaceCondition record{.requestId = "req-addFace", .channelId = channel().record,
+                                     .serialNum = "serialNum", .name = "name",
                                      .organizations = {"organizations-1", "organizations-2"},
-                                     .gender = 95,
-                                     .age = 96,
-                                     .libraryId = 97,
-                                     .faceType = "faceType",
-                                     .validTime = "validTime",
+                                     .gender = 95, .age = 96, .libraryId = 97,
+                                     .faceType = "faceType", .validTime = "validTime",
                                      .invalidTime = "invalidTime",
-                                     .picture = QByteArray("\0\xff"
-                                                           "picture",
-                                                           9)};
+                                     .picture = QByteArray("\0\xff" "picture", 9)};
     p::AddFaceReq wire;
     wire.set_request_id("req-addFace");
     *wire.mutable_channel_id() = channel().wire;
@@ -946,11 +823,8 @@ inline Literal<ModifyFaceCondition, p::AddFaceReq> addFace()
 
 inline Literal<GetFacesCondition, p::GetFacesReq> getFaces()
 {
-    const GetFacesCondition record{.requestId = "req-getFaces",
-                                   .channelId = channel().record,
-                                   .pageNum = 98,
-                                   .pageSize = 99,
-                                   .libraryId = 100,
+    const GetFacesCondition record{.requestId = "req-getFaces", .channelId = channel().record,
+                                   .pageNum = 98, .pageSize = 99, .libraryId = 100,
                                    .withPicture = true};
     p::GetFacesReq wire;
     wire.set_request_id("req-getFaces");
@@ -964,11 +838,8 @@ inline Literal<GetFacesCondition, p::GetFacesReq> getFaces()
 
 inline Literal<DevUpgradeInfo, p::DevUpgradeRes> devUpgradeInfo()
 {
-    const DevUpgradeInfo record{.status = 101,
-                                .newVersionName = "newVersionName",
-                                .hasNewVersion = true,
-                                .phase = "phase",
-                                .progress = 102};
+    const DevUpgradeInfo record{.status = 101, .newVersionName = "newVersionName",
+                                .hasNewVersion = true, .phase = "phase", .progress = 102};
     p::DevUpgradeRes wire;
     wire.set_attr_3(101);
     wire.set_new_version_name("newVersionName");
@@ -977,5 +848,7 @@ inline Literal<DevUpgradeInfo, p::DevUpgradeRes> devUpgradeInfo()
     wire.set_attr_7(102);
     return {record, wire};
 }
+
+// clang-format on
 
 } // namespace vms_test::literal
