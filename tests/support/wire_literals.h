@@ -4,8 +4,8 @@
 
 // Records and the wire messages they must become, both written out by hand from the field
 // tables of the messages, never through the conversions under test. Every field holds a value
-// of its own (numbers never repeat across the file, strings name their field, the two values of
-// a boolean alternate), so a field dropped or swapped by a conversion changes the bytes. The
+// of its own (no number repeats within a record, strings name their field, the booleans of a
+// record alternate), so a field dropped or swapped by a conversion changes the bytes. The
 // device id and the channel are not ASCII, so a conversion that is not UTF-8 shows too.
 
 #include <vms_sdk/vms_client_sdk.h>
