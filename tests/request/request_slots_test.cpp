@@ -1,740 +1,659 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 // SPDX-FileCopyrightText: the vms_client_sdk developers
 
-// Every request of the library, from its exported function (or, for the one without, its hub
+// Every request of the library, from its exported function (or, for the two without, its hub
 // signal) to the message handed to the gateway manager: message type, payload, the device
-// that picks the gateway, registration and log line.
-#include "support/record_filler.h"
+// that picks the gateway, registration and log line. Expected payloads are literals: the wire
+// messages of tests/support/wire_literals.h, and JSON documents written out here.
+
 #include "support/test_support.h"
+#include "support/wire_literals.h"
 
 #include <vms_sdk/vms_client_sdk.h>
 
 #include "vms_kit/vms_kit.h"
 #include "vms_sdk/client/message_signals.h"
-#include "vms_sdk/json_methods/common_req_worker.h"
-#include "vms_sdk/request/condition_head.h"
-#include "vms_sdk/request/conversions/device_conversions.h"
-#include "vms_sdk/request/conversions/face_conversions.h"
-#include "vms_sdk/request/conversions/media_conversions.h"
-#include "vms_sdk/request/conversions/network_conversions.h"
-#include "vms_sdk/request/conversions/ptz_conversions.h"
-#include "vms_sdk/request/conversions/upgrade_conversions.h"
 #include "vms_sdk/request/message_hamal.h"
 #include "vms_sdk/request/request_data.h"
 #include "vms_sdk/request/request_mgr.h"
 
 #include "vms_message.pb.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
 
 using namespace vms_sdk;
+using namespace vms_test::literal;
 
 namespace {
+
+const char* const kDev = "dev-\xc3\xa9"; // device id of the device-wide literals
+const char* const kCam = "cam-\xc3\xa9"; // device id of literal::channel(), channel 7
+
+QByteArray bytes(const google::protobuf::MessageLite& message)
+{
+    return QByteArray::fromStdString(message.SerializeAsString());
+}
 
 struct SlotRow
 {
     const char* name;
     std::function<void()> call;
     int type;
-    QString requestId;
     bool registered;
-    QString devId;
+    const char* requestId;
+    const char* devId;
     const char* log;
-    QByteArray payload;
+    QByteArray payload;         // the exact bytes, when no JSON document is given
+    unsigned channel = 0;       // JSON rows: the channel of the CommonReq header
+    const char* json = nullptr; // JSON rows: the document, the transparent one unwrapped
 };
 
-using conversion::serialized;
-
-template<class Wire, class Condition>
-QByteArray payloadOf(const Condition& condition)
+// The document a CommonReq carries, with a transparent request's Base64 "req_data" decoded
+// into the object it holds.
+QJsonObject documentOf(const std::string& json)
 {
-    Wire wire;
-    conversion::fillWire(condition, wire);
-    return serialized(wire);
+    QJsonObject document = QJsonDocument::fromJson(QByteArray::fromStdString(json)).object();
+    if (document.value("method") == "dev_trans_userparam") {
+        QJsonObject param = document.value("param").toObject();
+        const QByteArray inner = QByteArray::fromBase64(
+            param.value("req_data").toString().toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
+        param.insert("req_data", QJsonDocument::fromJson(inner).object());
+        document.insert("param", param);
+    }
+    return document;
 }
 
-QByteArray remoteConfig(const QString& devId, int language)
+std::string compact(const QJsonObject& document)
+{
+    return QJsonDocument(document).toJson(QJsonDocument::Compact).toStdString();
+}
+
+const QDateTime from(QDate(2024, 3, 1), QTime(8, 0, 5));
+const QDateTime to(QDate(2024, 3, 2), QTime(18, 30, 0));
+#define FROM_TO_DASHED R"("startTime": "2024-03-01 08:00:05", "endTime": "2024-03-02 18:30:00")"
+#define FROM_TO_SNAKE R"("start_time": "2024-03-01 08:00:05", "end_time": "2024-03-02 18:30:00")"
+
+// clang-format off
+const DeviceCondition device{.requestId = "req-device", .devId = kDev};
+const ChannelCondition chan{.requestId = "req-chan", .channelId = channel().record};
+const AiChannelCondition ai{.requestId = "req-ai", .channelId = channel().record,
+                            .package = "com.ai"};
+const FormatDiskCondition disk{.requestId = "req-disk", .devId = kDev, .diskNum = 11,
+                               .diskName = "sda", .partionNum = 12};
+
+// The six conditions the answers are read with.
+const GetCustomersCntCondition customersCount{.requestId = "req-count",
+                                              .channelId = channel().record, .startTime = from,
+                                              .endTime = to, .countType = 3};
+const GetCustomersRegionAttentionCondition attention{.requestId = "req-attention",
+                                                     .channelId = channel().record,
+                                                     .startTime = from, .endTime = to,
+                                                     .countType = 2, .regionId = 181};
+const GetAlarmRecordsCondition alarms{.requestId = "req-alarms", .channelId = channel().record,
+                                      .alarmType = "motion", .orderType = 141, .startTime = from,
+                                      .endTime = to, .page = 142, .pageSize = 143};
+const GetEventRecordsCondition events{.requestId = "req-events", .channelId = channel().record,
+                                      .startTime = from, .endTime = to, .mergeTimeEnable = true,
+                                      .record = false, .types = {151, 152}};
+const GetCalendarMaskCondition calendar{.requestId = "req-calendar", .channelId = channel().record,
+                                        .startDate = QDate(2024, 1, 1),
+                                        .endDate = QDate(2024, 1, 31)};
+const GetCustomerGroupCondition group{.requestId = "req-group", .channelId = channel().record,
+                                      .package = "com.ai", .startTime = from, .endTime = to,
+                                      .countType = 5};
+
+const ModifyFaceCondition libraryFace{.requestId = "req-face", .channelId = channel().record,
+                                      .serialNum = "serialNum", .name = "Ana", .gender = 91,
+                                      .package = "com.faces", .index = 94, .groupIds = {95, 96},
+                                      .faceId = "face-1", .birthdate = QDate(1990, 7, 4),
+                                      .classification = "staff", .startTime = from, .endTime = to,
+                                      .jpegBase64List = {"AAE=", "AgM="}, .jpegUuidList = {"u1"}};
+const GetFacesCondition libraryFaces{.requestId = "req-faces", .channelId = channel().record,
+                                     .pageNum = 101, .pageSize = 102, .package = "com.faces",
+                                     .keyword = "kw", .groupIds = {104}, .gender = 105,
+                                     .active = "yes", .classification = "vip",
+                                     .modelingStatus = "done"};
+const QList<FaceGroupInfo> faceGroups{{.id = 121, .name = "staff", .enable = true},
+                                      {.id = 122, .name = "guests", .enable = false}};
+const GetFaceRecRecordsCondition faceRecords{.requestId = "req-facerec",
+                                             .channelId = channel().record, .package = "com.ai",
+                                             .captureRecords = true, .startTime = from,
+                                             .endTime = to, .age = 171, .gender = 172,
+                                             .keyword = "kw", .groupId = 173,
+                                             .classification = "vip", .pageNum = 174,
+                                             .pageSize = 175};
+const DevSysCfgInfo sysCfg{.bDiscoverable = true, .hostname = "host", .name = "cam name",
+                           .rebootDay = "monday", .rebootHour = 51, .syslanguage = "fr",
+                           .encryptEn = false, .supportedLangs = {"fr", "de"}};
+const ImageAdjustSettingInfo adjust{.contrast = 61, .brightness = 62, .saturation = 63,
+                                    .sharpen = 64, .bEnableMI = true, .bEnableST = false,
+                                    .rotate = 65, .style = 66};
+const ImageSettingInfo image{.contrast = 71, .brightness = 72, .saturation = 73, .sharpen = 74,
+                             .fluency = 75, .definition = 76, .noise = 77, .smear = 78,
+                             .exposureMode = 79, .exposureMax = 80, .exposureMin = 81,
+                             .antiflick = 82, .scene = "scene", .daynightMode = "auto",
+                             .dayStart = QTime(6, 30), .dayEnd = QTime(19, 5), .light = 83,
+                             .rotate = 84, .bEnableAWB = true, .bEnableMI = false,
+                             .bEnableST = true, .bEnableNoC = false, .bEnableWDynamic = true,
+                             .bAutoLowFrameEn = false, .bNightOptimization = true,
+                             .bDefogging = false, .bStarlight = true, .bAutogain = false,
+                             .bBLC = true, .bDistortionCorrection = false,
+                             .bDigitalstabilize = true};
+// clang-format on
+
+vms_sdk_proto::OpenRemoteConfigReq remoteConfig()
 {
     vms_sdk_proto::OpenRemoteConfigReq request;
-    request.set_dev_id(devId.toStdString());
-    request.set_language(language);
-    return serialized(request);
+    request.set_dev_id(kDev);
+    request.set_language(211);
+    return request;
+}
+
+vms_sdk_proto::CommonReq rawCommon()
+{
+    vms_sdk_proto::CommonReq request;
+    request.set_request_id("req-raw");
+    request.mutable_channel_id()->set_dev_id(kDev);
+    request.set_req_json("{\"method\": \"x\", \"\xc3\xbc\": 1}");
+    return request;
 }
 
 QList<SlotRow> slotRows()
 {
-    vms_test::RecordFiller fill;
-    const CommonReqWorker worker(nullptr);
-    QList<SlotRow> rows;
-    {
-
-        rows.append({"slotSearchDevsCmd", [=] { search_devs_cmd(); }, SearchDevsCmd, QString(),
-                     false, QString(), nullptr, QByteArray()});
-    }
-    {
-        const auto config = fill.make<vms_sdk::SearchDevsConfig>();
-        rows.append({"slotSetSearchDevsConfigCmd", [=] { set_search_devs_config_cmd(config); },
-                     SetSearchDevsConfigCmd, QString(), false, QString(),
-                     "client cmd set searching devices configuration",
-                     payloadOf<vms_sdk_proto::SetSearchDevsConfigCmd>(config)});
-    }
-    {
-
-        rows.append({"slotBroadcastSearchDevsCmd", [=] { broadcast_search_devs_cmd(); },
-                     BroadcastSearchDevsCmd, QString(), false, QString(),
-                     "client cmd broadcast search devices", QByteArray()});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::ActivateCondition>();
-        rows.append({"slotActivateDevsCmd", [=] { activate_devs_cmd(condition); }, DevActivateCmd,
-                     QString(), false, devIdOf(condition), "client cmd activate devices",
-                     payloadOf<vms_sdk_proto::DevActivateCmd>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::GetDevSecretQuestionsCondition>();
-        rows.append({"slotGetDevSecretQuestionsCmd",
-                     [=] { get_dev_secret_questions_cmd(condition); }, DevSecretQuestionsGetReq,
-                     QString(), false, devIdOf(condition), "client cmd get device secret questions",
-                     payloadOf<vms_sdk_proto::DevSecretQuestionsGetReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::ResetDevPwdCondition>();
-        rows.append({"slotResetDevPwdCmd", [=] { reset_dev_pwd_cmd(condition); }, DevPwdResetReq,
-                     QString(), false, devIdOf(condition), nullptr,
-                     payloadOf<vms_sdk_proto::DevPwdResetReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::DeviceCondition>();
-        rows.append({"slotGetDevNetReq", [=] { get_dev_net_req(condition); }, DevNetGetReq,
-                     condition.requestId, true, devIdOf(condition),
-                     "client request get device net configuration",
-                     payloadOf<vms_sdk_proto::DevNetGetReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::SetDevNetCondition>();
-        rows.append({"slotSetDevNetReq", [=] { set_dev_net_req(condition); }, DevNetSetReq,
-                     condition.requestId, true, devIdOf(condition),
-                     "client request set device net configuration",
-                     payloadOf<vms_sdk_proto::DevNetSetReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::DeviceCondition>();
-        rows.append({"slotGetDevNetModeReq", [=] { get_dev_net_mode_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition),
-                     "client request get device net mode",
-                     serialized(worker.getDevNetMode(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::DeviceCondition>();
-        rows.append({"slotGetDevDisksInfoReq", [=] { get_dev_disks_info_req(condition); },
-                     CommonReq, condition.requestId, true, devIdOf(condition),
-                     "client request get device disks information",
-                     serialized(worker.getDevDisksInfo(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::FormatDiskCondition>();
-        rows.append({"slotFormatDevDiskReq", [=] { format_dev_disk_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition), nullptr,
-                     serialized(worker.formatDevDisk(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::FormatDiskCondition>();
-        rows.append({"slotGetDevDiskFormattingProgressReq",
-                     [=] { get_dev_disk_formatting_progress_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition),
-                     "client request get device disk formatting progress",
-                     serialized(worker.getDevDiskFormattingProgress(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::GetDevPlatformCondition>();
-        rows.append({"slotGetDevPlatformReq", [=] { get_dev_platform_req(condition); },
-                     DevPlatformGetReq, condition.requestId, true, devIdOf(condition),
-                     "client request get device platform configuration",
-                     payloadOf<vms_sdk_proto::DevPlatformGetReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::SetDevPlatformCondition>();
-        rows.append({"slotSetDevPlatformReq", [=] { set_dev_platform_req(condition); },
-                     DevPlatformSetReq, condition.requestId, true, devIdOf(condition),
-                     "client request set device platform configuration",
-                     payloadOf<vms_sdk_proto::DevPlatformSetReq>(condition)});
-    }
-    {
-        const auto requestId = QStringLiteral("req-GetDevPlatform_kvrReq");
-        const auto devId = QStringLiteral("dev-GetDevPlatform_kvrReq");
-        rows.append({"slotGetDevPlatform_kvrReq",
-                     [=] { get_dev_platform_kvr_req(requestId, devId); }, DevPlatform_kvrGetReq,
-                     requestId, true, devId, "client request get device platform_kvr configuration",
-                     payloadOf<vms_sdk_proto::DeviceReq>(
-                         DeviceCondition{.requestId = requestId, .devId = devId})});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::SetDevPlatform_kvrCondition>();
-        rows.append({"slotSetDevPlatform_kvrReq", [=] { set_dev_platform_kvr_req(condition); },
-                     DevPlatform_kvrSetReq, condition.requestId, true, devIdOf(condition),
-                     "client request set device platform_kvr configuration",
-                     payloadOf<vms_sdk_proto::DevPlatform_kvrSetReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::ImportDevCertCondition>();
-        rows.append({"slotImportDevCertReq", [=] { import_dev_cert_req(condition); },
-                     DevCertImportReq, condition.requestId, true, devIdOf(condition), nullptr,
-                     payloadOf<vms_sdk_proto::DevCertImportReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::DeviceCondition>();
-        rows.append({"slotGetDevQRCodeReq", [=] { get_dev_qrcode_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition), nullptr,
-                     serialized(worker.getDevQRCode(condition))});
-    }
-    {
-        const auto devId = QStringLiteral("dev-GetDevChannelsInfoCmd");
-        rows.append({"slotGetDevChannelsInfoCmd", [=] { get_dev_channels_info_cmd(devId); },
-                     GetDevChannelsInfoCmd, QString(), false, devId,
-                     "client cmd get device channels information", devId.toUtf8()});
-    }
-    {
-        const auto requestId = QStringLiteral("req-GetDevLogsReq");
-        const auto devId = QStringLiteral("dev-GetDevLogsReq");
-        const auto date = QDate(2026, 11, 22);
-        rows.append({"slotGetDevLogsReq", [=] { get_dev_logs_req(requestId, devId, date); },
-                     CommonReq, requestId, true, devId, "client request get device logs",
-                     serialized(worker.getDevLogs(requestId, devId, date))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::RecsSearchCondition>();
-        rows.append({"slotSearchVideoRecordingsReq",
-                     [=] { search_video_recordings_req(condition); }, SearchVideoRecordingsReq,
-                     condition.requestId, true, devIdOf(condition),
-                     "client request search video recordings",
-                     payloadOf<vms_sdk_proto::SearchVideoRecordingsReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::GetCalendarMaskCondition>();
-        rows.append({"slotGetVideoRecordingsCalendarMaskReq",
-                     [=] { get_video_recordings_calendar_mask_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition),
-                     "client request get video recordings calendar mask",
-                     serialized(worker.getVideoRecordingsCalendarMask(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::GetRtspUrlCondition>();
-        rows.append({"slotGetRtspUrlReq", [=] { get_rtsp_url_req(condition); }, GetRtspUrlReq,
-                     condition.requestId, true, devIdOf(condition), "client request get rtsp url",
-                     payloadOf<vms_sdk_proto::GetRtspUrlReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::ChannelCondition>();
-        rows.append({"slotGetPTZAbilityReq", [=] { get_ptz_ability_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition),
-                     "client request get ptz ability",
-                     serialized(worker.getPtzAbility(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::PTZAutoMoveCondition>();
-        rows.append({"slotPTZAutoMoveReq", [=] { PTZ_auto_move_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition), "client request ptz auto move",
-                     serialized(worker.ptzAutoMove(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::PTZCtrlCondition>();
-        rows.append({"slotPTZCtrlReq", [=] { PTZ_ctrl_req(condition); }, PTZCtrlReq,
-                     condition.requestId, true, devIdOf(condition), "client request ptz ctrl",
-                     payloadOf<vms_sdk_proto::PTZCtrlReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::ChannelCondition>();
-        rows.append({"slotGetPresetsReq", [=] { get_presets_req(condition); }, GetPresetsReq,
-                     condition.requestId, true, devIdOf(condition), nullptr,
-                     payloadOf<vms_sdk_proto::ChannelReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::PresetOperCondition>();
-        rows.append({"slotOperPresetReq", [=] { oper_preset_req(condition); }, PresetOperReq,
-                     condition.requestId, true, devIdOf(condition), "client request operate preset",
-                     payloadOf<vms_sdk_proto::PresetOperReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::ChannelCondition>();
-        rows.append({"slotGetPatrolsReq", [=] { get_patrols_req(condition); }, GetPatrolsReq,
-                     condition.requestId, true, devIdOf(condition), nullptr,
-                     payloadOf<vms_sdk_proto::ChannelReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::PatrolOperCondition>();
-        rows.append({"slotOperPatrolReq", [=] { oper_patrol_req(condition); }, PatrolOperReq,
-                     condition.requestId, true, devIdOf(condition), "client request operate patrol",
-                     payloadOf<vms_sdk_proto::PatrolOperReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::PatrolPresetOperCondition>();
-        rows.append({"slotOperPatrolPresetReq", [=] { oper_patrol_preset_req(condition); },
-                     PatrolPresetOperReq, condition.requestId, true, devIdOf(condition),
-                     "client request operate patrol presets",
-                     payloadOf<vms_sdk_proto::PatrolPresetOperReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::SetPatrolPresetsCondition>();
-        rows.append({"slotSetPatrolPresetsReq", [=] { set_patrol_presets_req(condition); },
-                     SetPatrolPresetsReq, condition.requestId, true, devIdOf(condition), nullptr,
-                     payloadOf<vms_sdk_proto::SetPatrolPresetsReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::PTZ3dLocateCondition>();
-        rows.append({"slotPTZ3dLocateCmd", [=] { PTZ_3d_locate_cmd(condition); }, CommonReq,
-                     condition.requestId, false, devIdOf(condition), nullptr,
-                     serialized(worker.ptz3dLocate(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::AddBulletTagPointCondition>();
-        rows.append({"slotAddBulletTagPointReq", [=] { add_bullet_tag_point_req(condition); },
-                     CommonReq, condition.requestId, true, devIdOf(condition),
-                     "client request add bullet tag point",
-                     serialized(worker.addBulletTagPoint(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::ChannelCondition>();
-        rows.append({"slotGetBulletTagPointsReq", [=] { get_bullet_tag_points_req(condition); },
-                     CommonReq, condition.requestId, true, devIdOf(condition),
-                     "client request get bullet tag points",
-                     serialized(worker.getBulletTagPoints(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::ChannelCondition>();
-        rows.append({"slotClearBulletTagPointsReq", [=] { clear_bullet_tag_points_req(condition); },
-                     CommonReq, condition.requestId, true, devIdOf(condition),
-                     "client request clear bullet tag points",
-                     serialized(worker.clearBulletTagPoints(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::CalibrateBulletDomeCondition>();
-        rows.append({"slotCalibrateBulletDomeReq", [=] { calibrate_bullet_dome_req(condition); },
-                     CommonReq, condition.requestId, true, devIdOf(condition),
-                     "client request calibrate bullet dome",
-                     serialized(worker.calibrateBulletDome(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::ChannelCondition>();
-        rows.append({"slotGetBulletDomeCalibrateStatusReq",
-                     [=] { get_bullet_dome_calibrate_status_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition),
-                     "client request bullet dome calibrate status",
-                     serialized(worker.getBulletDomeCalibrateStatus(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::ChannelCondition>();
-        rows.append({"slotSetDomeTrackGuardInitialPosReq",
-                     [=] { set_dome_track_guard_initial_pos_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition),
-                     "client request set dome track guard initial pos",
-                     serialized(worker.setDomeTrackGuardInitialPos(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::ManualTrackCondition>();
-        rows.append({"slotManualBulletDomeTrackCmd",
-                     [=] { manual_bullet_dome_track_cmd(condition); }, CommonReq,
-                     condition.requestId, false, devIdOf(condition),
-                     "client cmd manual bullet dome track",
-                     serialized(worker.manualBulletDomeTrack(condition))});
-    }
-    {
-        const auto devId = QStringLiteral("dev-OpenDevRemoteConfigReq");
-        const auto language = 3;
-        rows.append({"slotOpenDevRemoteConfigReq",
-                     [=] { open_dev_remote_config_req(devId, language); }, OpenRemoteConfigReq,
-                     QString(), false, devId, "client request open device remote configuration",
-                     remoteConfig(devId, language)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::DevUpgradeCondtition>();
-        rows.append({"slotCheckDevUpgradeReq", [=] { check_dev_upgrade_req(condition); },
-                     CheckDevUpgradeReq, condition.requestId, true, devIdOf(condition),
-                     "client request check device upgrade information",
-                     payloadOf<vms_sdk_proto::DevUpgradeReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::DevUpgradeCondtition>();
-        rows.append({"slotDoDevUpgradeCmd", [=] { do_dev_upgrade_cmd(condition); }, DoDevUpgradeCmd,
-                     condition.requestId, false, devIdOf(condition), "client cmd do device upgrade",
-                     payloadOf<vms_sdk_proto::DevUpgradeReq>(condition)});
-    }
-    {
-        const auto requestId = QStringLiteral("req-GetDevUpgradeProgressReq");
-        const auto devId = QStringLiteral("dev-GetDevUpgradeProgressReq");
-        rows.append({"slotGetDevUpgradeProgressReq",
-                     [=] { get_dev_upgrade_progress_req(requestId, devId); },
-                     GetDevUpgradeProgressReq, requestId, true, devId,
-                     "client request get device upgrade progress",
-                     payloadOf<vms_sdk_proto::DeviceReq>(
-                         DeviceCondition{.requestId = requestId, .devId = devId})});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::ModifyDevAccountCondition>();
-        rows.append({"slotModifyDevAccountReq", [=] { modify_dev_account_req(condition); },
-                     ModifyDevAccountReq, condition.requestId, true, devIdOf(condition),
-                     "client request modify device account",
-                     payloadOf<vms_sdk_proto::ModifyDevAccountReq>(condition)});
-    }
-    {
-        const auto requestId = QStringLiteral("req-GetDevSysCfgReq");
-        const auto devId = QStringLiteral("dev-GetDevSysCfgReq");
-        rows.append({"slotGetDevSysCfgReq", [=] { get_dev_sys_cfg_req(requestId, devId); },
-                     CommonReq, requestId, true, devId,
-                     "client request get device system configure",
-                     serialized(worker.getDevSysCfg(requestId, devId))});
-    }
-    {
-        const auto devId = QStringLiteral("dev-SetDevSysCfgCmd");
-        const auto info = fill.make<vms_sdk::DevSysCfgInfo>();
-        rows.append({"slotSetDevSysCfgCmd", [=] { set_dev_sys_cfg_cmd(devId, info); }, CommonReq,
-                     QString(), false, devId, "client cmd set device system configure",
-                     serialized(worker.setDevSysCfg(devId, info))});
-    }
-    {
-        const auto requestId = QStringLiteral("req-GetChannImageAdjustSettingsReq");
-        const auto channelId = fill.make<vms_sdk::ChannelId>();
-        rows.append({"slotGetChannImageAdjustSettingsReq",
-                     [=] { get_chann_image_adjust_settings_req(requestId, channelId); }, CommonReq,
-                     requestId, true, channelId.devId,
-                     "client request get channel image adjust settings",
-                     serialized(worker.getChannImageAdjustSettings(requestId, channelId))});
-    }
-    {
-        const auto requestId = QStringLiteral("req-SetChannImageAdjustSettingsReq");
-        const auto channelId = fill.make<vms_sdk::ChannelId>();
-        const auto info = fill.make<vms_sdk::ImageAdjustSettingInfo>();
-        rows.append({"slotSetChannImageAdjustSettingsReq",
-                     [=] { set_chann_image_adjust_settings_req(requestId, channelId, info); },
-                     CommonReq, requestId, true, channelId.devId,
-                     "client request set channel image adjust settings",
-                     serialized(worker.setChannImageAdjustSettings(requestId, channelId, info))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::ChannelCondition>();
-        rows.append({"slotGetChannImageAbilityReq", [=] { get_chann_image_ability_req(condition); },
-                     CommonReq, condition.requestId, true, devIdOf(condition),
-                     "client request get channel image ability",
-                     serialized(worker.getChannImageAbility(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::ChannelCondition>();
-        rows.append({"slotGetChannImageSettingsReq",
-                     [=] { get_chann_image_settings_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition),
-                     "client request get channel image settings",
-                     serialized(worker.getChannImageSettings(condition))});
-    }
-    {
-        const auto channelId = fill.make<vms_sdk::ChannelId>();
-        const auto info = fill.make<vms_sdk::ImageSettingInfo>();
-        rows.append({"slotSetChannImageSettingsCmd",
-                     [=] { set_chann_image_settings_cmd(channelId, info); }, CommonReq, QString(),
-                     false, channelId.devId, "client cmd set channel image settings",
-                     serialized(worker.setChannImageSettings(channelId, info))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::SetOSDCondition>();
-        rows.append({"slotSetOSDReq", [=] { set_osd_req(condition); }, SetOSDReq,
-                     condition.requestId, true, devIdOf(condition), "client request set osd",
-                     payloadOf<vms_sdk_proto::SetOSDReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::ModifyDevNameCondition>();
-        rows.append({"slotModifyDevNameReq", [=] { modify_dev_name_req(condition); },
-                     ModifyDevNameReq, condition.requestId, true, devIdOf(condition), nullptr,
-                     payloadOf<vms_sdk_proto::ModifyDevNameReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::ModifyFaceCondition>();
-        rows.append({"slotAddFaceReq (library)", [=] { add_face_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition), "client request add face",
-                     serialized(worker.addFace(condition))});
-        auto own = condition;
-        own.package.clear();
-        rows.append({"slotAddFaceReq (device)", [=] { add_face_req(own); }, AddFaceReq,
-                     own.requestId, true, devIdOf(own), "client request add face",
-                     payloadOf<vms_sdk_proto::AddFaceReq>(own)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::ModifyFaceCondition>();
-        rows.append({"slotEditFaceReq", [=] { edit_face_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition), nullptr,
-                     serialized(worker.editFace(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::GetFacesCondition>();
-        rows.append({"slotGetFacesReq (library)", [=] { get_faces_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition), nullptr,
-                     serialized(worker.getFaces(condition))});
-        auto own = condition;
-        own.package.clear();
-        rows.append({"slotGetFacesReq (device)", [=] { get_faces_req(own); }, GetFacesReq,
-                     own.requestId, true, devIdOf(own), nullptr,
-                     payloadOf<vms_sdk_proto::GetFacesReq>(own)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::AiChannelCondition>();
-        rows.append({"slotGetFacesModelingStatusReq",
-                     [=] { get_faces_modeling_status_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition),
-                     "client request get faces modeling status",
-                     serialized(worker.getFacesModelingStatus(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::DelFaceCondition>();
-        rows.append({"slotDelFaceReq", [=] { del_face_req(condition); }, DelFaceReq,
-                     condition.requestId, true, devIdOf(condition), nullptr,
-                     payloadOf<vms_sdk_proto::DelFaceReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::DelFacesCondition>();
-        rows.append({"slotDelFacesReq", [=] { del_faces_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition), "client request delete faces",
-                     serialized(worker.delFaces(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::GetFaceDetectRecordsCondition>();
-        rows.append({"slotGetFaceDetectRecordsReq", [=] { get_face_detect_records_req(condition); },
-                     GetFaceDetectRecordsReq, condition.requestId, true, devIdOf(condition),
-                     "client request get face detect records",
-                     payloadOf<vms_sdk_proto::GetFaceDetectRecordsReq>(condition)});
-    }
-    {
-        const auto devId = QStringLiteral("dev-ClearFaceTemperatureCountCmd");
-        rows.append({"slotClearFaceTemperatureCountCmd",
-                     [=] { clear_face_temperature_count_cmd(devId); }, ClearFaceTemperatureCountCmd,
-                     QString(), false, devId, "client cmd clear face temperature count",
-                     devId.toUtf8()});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::AiChannelCondition>();
-        rows.append({"slotGetAllFaceGroupsReq", [=] { get_all_face_groups_req(condition); },
-                     CommonReq, condition.requestId, true, devIdOf(condition),
-                     "client request get face groups",
-                     serialized(worker.getAllFaceGroups(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::AddFaceGroupsCondition>();
-        rows.append({"slotAddFaceGroupsReq", [=] { add_face_groups_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition),
-                     "client request add face groups",
-                     serialized(worker.addFaceGroups(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::DeleteFaceGroupsCondition>();
-        rows.append({"slotDeleteFaceGroupsReq", [=] { delete_face_groups_req(condition); },
-                     CommonReq, condition.requestId, true, devIdOf(condition), nullptr,
-                     serialized(worker.deleteFaceGroups(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::EditFaceGroupsCondition>();
-        rows.append({"slotEditFaceGroupsReq", [=] { edit_face_groups_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition),
-                     "client request edit face groups",
-                     serialized(worker.editFaceGroups(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::AiChannelCondition>();
-        rows.append({"slotImportFaceLibraryReq", [=] { import_face_library_req(condition); },
-                     CommonReq, condition.requestId, true, devIdOf(condition),
-                     "client request import face library",
-                     serialized(worker.importFaceLibrary(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::AiChannelCondition>();
-        rows.append({"slotImportFaceLibraryProgressReq",
-                     [=] { import_face_library_progress_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition),
-                     "client request import face library progress",
-                     serialized(worker.importFaceLibraryProgress(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::AiChannelCondition>();
-        rows.append({"slotExportFaceLibraryReq", [=] { export_face_library_req(condition); },
-                     CommonReq, condition.requestId, true, devIdOf(condition),
-                     "client request export face library",
-                     serialized(worker.exportFaceLibrary(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::AiChannelCondition>();
-        rows.append({"slotExportFaceLibraryProgressReq",
-                     [=] { export_face_library_progress_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition),
-                     "client request export face library progress",
-                     serialized(worker.exportFaceLibraryProgress(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::GetRegionTemperatureRecordsCondition>();
-        rows.append({"slotGetRegionTemperatureRecordsReq",
-                     [=] { get_region_temperature_records_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition),
-                     "client request get region temperature records",
-                     serialized(worker.getRegionTemperatureRecords(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::GetAlarmRecordsCondition>();
-        rows.append({"slotGetAlarmRecordsReq", [=] { get_alarm_records_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition), nullptr,
-                     serialized(worker.getAlarmRecords(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::GetTriggeredEventsCondition>();
-        rows.append({"slotGetTriggeredEventsReq", [=] { get_triggered_events_req(condition); },
-                     CommonReq, condition.requestId, true, devIdOf(condition),
-                     "client request get triggered events",
-                     serialized(worker.getTriggeredEvents(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::GetEventRecordsCondition>();
-        rows.append({"slotGetEventRecordsReq", [=] { get_event_records_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition), nullptr,
-                     serialized(worker.getEventRecords(condition, 1))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::GetLicensePlateRecRecordsCondition>();
-        rows.append({"slotGetLicensePlateRecRecordsReq",
-                     [=] { get_license_plate_rec_records_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition),
-                     "client request get license plate recognition records",
-                     serialized(worker.getLicensePlateRecRecords(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::GetFaceRecRecordsCondition>();
-        rows.append({"slotGetFaceRecRecordsReq (capture)",
-                     [=] { get_face_rec_records_req(condition); }, CommonReq, condition.requestId,
-                     true, devIdOf(condition), "client request get face capture records",
-                     serialized(worker.getFaceRecRecords(condition))});
-        auto recognition = condition;
-        recognition.captureRecords = false;
-        rows.append({"slotGetFaceRecRecordsReq (recognition)",
-                     [=] { get_face_rec_records_req(recognition); }, CommonReq,
-                     recognition.requestId, true, devIdOf(recognition),
-                     "client request get face recognition records",
-                     serialized(worker.getFaceRecRecords(recognition))});
-    }
-    {
-        const auto requestId = QStringLiteral("req-GetOtherEventRecordsReq");
-        const auto pageNum = 4;
-        rows.append(
-            {"slotGetOtherEventRecordsReq",
-             [=] {
-                 Q_EMIT MessageSignals::instance()->signalGetOtherEventRecordsReq(requestId,
-                                                                                  pageNum);
-             },
-             CommonReq, requestId, true, QString(), "client request get other event records",
-             serialized(worker.getEventRecords(GetEventRecordsCondition{.requestId = requestId},
-                                               pageNum))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::CancelAlarmCondition>();
-        rows.append({"slotCancelAlarmReq", [=] { cancel_alarm_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition), "client request cancel alarm",
-                     serialized(worker.cancelAlarm(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::TriggerAlarmLinkCondition>();
-        rows.append(
-            {"slotTriggerAlarmLinkReq",
-             [=] { Q_EMIT MessageSignals::instance()->signalTriggerAlarmLinkReq(condition); },
-             CommonReq, condition.requestId, true, devIdOf(condition), nullptr,
-             serialized(worker.triggerAlarmLink(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::GetSnapImageCondition>();
-        rows.append({"slotGetSnapImageReq", [=] { get_snap_image_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition), "client request get snap image",
-                     serialized(worker.getSnapImage(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::GetCustomersCntCondition>();
-        rows.append({"slotGetCustomersCountReq", [=] { get_customers_count_req(condition); },
-                     CommonReq, condition.requestId, true, devIdOf(condition),
-                     "client get customers count req",
-                     serialized(worker.getCustomersCount(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::ChannelCondition>();
-        rows.append({"slotGetCustomersRegionsReq", [=] { get_customers_regions_req(condition); },
-                     CommonReq, condition.requestId, true, devIdOf(condition),
-                     "client request get customers regions",
-                     serialized(worker.getCustomersRegions(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::GetCustomersRegionAttentionCondition>();
-        rows.append({"slotGetCustomersRegionAttentionReq",
-                     [=] { get_customers_region_attention_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition),
-                     "client request get customers region attention",
-                     serialized(worker.getCustomersRegionAttention(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::GetCutomersHeatMapCondition>();
-        rows.append({"slotGetCustomersHeatMapReq", [=] { get_customers_heat_map_req(condition); },
-                     CommonReq, condition.requestId, true, devIdOf(condition),
-                     "client request get customers heat map",
-                     serialized(worker.getCustomersHeatMap(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::GetCustomerGroupCondition>();
-        rows.append({"slotGetCustomerGroupReq", [=] { get_customer_group_req(condition); },
-                     CommonReq, condition.requestId, true, devIdOf(condition), nullptr,
-                     serialized(worker.getCustomerGroup(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::AiChannelCondition>();
-        rows.append({"slotGetParkingLockStatusReq", [=] { get_parking_lock_status_req(condition); },
-                     CommonReq, condition.requestId, true, devIdOf(condition),
-                     "client request get parking lock status",
-                     serialized(worker.getParkingLockStatus(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::CtrlParkingLockCondition>();
-        rows.append({"slotCtrlParkingLockReq", [=] { ctrl_parking_lock_req(condition); }, CommonReq,
-                     condition.requestId, true, devIdOf(condition),
-                     "client request control parking lock",
-                     serialized(worker.ctrlParkingLock(condition))});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::TalkOperCondition>();
-        rows.append({"slotTalkOperReq", [=] { talk_oper_req(condition); }, TalkOperReq,
-                     condition.requestId, true, devIdOf(condition), "client request talk operation",
-                     payloadOf<vms_sdk_proto::TalkOperReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::SpeakOperCondition>();
-        rows.append({"slotSpeakOperReq", [=] { speak_oper_req(condition); }, SpeakOperReq,
-                     condition.requestId, true, devIdOf(condition),
-                     "client request speak operation",
-                     payloadOf<vms_sdk_proto::TalkOperReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::UploadFileCondition>();
-        rows.append({"slotUploadFileReq", [=] { upload_file_req(condition); }, UploadFileReq,
-                     condition.requestId, false, devIdOf(condition), "client req upload file",
-                     payloadOf<vms_sdk_proto::UploadFileReq>(condition)});
-    }
-    {
-        const auto condition = fill.make<vms_sdk::DownloadFileCondition>();
-        rows.append({"slotDownloadFileReq", [=] { download_file_req(condition); }, DownloadFileReq,
-                     condition.requestId, false, devIdOf(condition), nullptr,
-                     payloadOf<vms_sdk_proto::DownloadFileReq>(condition)});
-    }
-    {
-        const auto requestId = QStringLiteral("req-CommonReq");
-        const auto devId = QStringLiteral("dev-CommonReq");
-        const auto reqJson = QStringLiteral(R"({"method": "x", "ü": 1})");
-        rows.append({"slotCommonReq", [=] { common_req(requestId, devId, reqJson); }, CommonReq,
-                     requestId, true, devId, "client request common",
-                     serialized(worker.commonReq(requestId, devId, reqJson))});
-    }
-    return rows;
+    const QByteArray none;
+    return {
+        {"slotSearchDevsCmd", [] { search_devs_cmd(); }, 6, false, "", "", nullptr, none},
+        {"slotSetSearchDevsConfigCmd", [] { set_search_devs_config_cmd(searchConfig().record); }, 5,
+         false, "", "", "client cmd set searching devices configuration",
+         bytes(searchConfig().wire)},
+        {"slotBroadcastSearchDevsCmd", [] { broadcast_search_devs_cmd(); }, 8, false, "", "",
+         "client cmd broadcast search devices", none},
+        {"slotActivateDevsCmd", [] { activate_devs_cmd(activate().record); }, 16, false, "", "",
+         "client cmd activate devices", bytes(activate().wire)},
+        {"slotGetDevSecretQuestionsCmd",
+         [] { get_dev_secret_questions_cmd(secretQuestions().record); }, 90, false, "", "",
+         "client cmd get device secret questions", bytes(secretQuestions().wire)},
+        {"slotResetDevPwdCmd", [] { reset_dev_pwd_cmd(resetPwd().record); }, 92, false, "", "",
+         nullptr, bytes(resetPwd().wire)},
+        {"slotGetDevNetReq", [] { get_dev_net_req(devNetGetReq().record); }, 20, true,
+         "req-devNetGetReq", kDev, "client request get device net configuration",
+         bytes(devNetGetReq().wire)},
+        {"slotSetDevNetReq", [] { set_dev_net_req(setDevNet().record); }, 22, true, "req-setDevNet",
+         kDev, "client request set device net configuration", bytes(setDevNet().wire)},
+        {"slotGetDevNetModeReq", [] { get_dev_net_mode_req(device); }, 100, true, "req-device",
+         kDev, "client request get device net mode", none, 0,
+         R"({"method": "ifconfig_get_inet", "param": {}})"},
+        {"slotGetDevDisksInfoReq", [] { get_dev_disks_info_req(device); }, 100, true, "req-device",
+         kDev, "client request get device disks information", none, 0,
+         R"({"method": "storage_get_info", "param": {}})"},
+        {"slotFormatDevDiskReq", [] { format_dev_disk_req(disk); }, 100, true, "req-disk", kDev,
+         nullptr, none, 0,
+         R"({"method": "storage_format", "param": {"diskNum": 11, "diskName": "sda",
+             "partionNum": 12}})"},
+        {"slotGetDevDiskFormattingProgressReq", [] { get_dev_disk_formatting_progress_req(disk); },
+         100, true, "req-disk", kDev, "client request get device disk formatting progress", none, 0,
+         R"({"method": "storage_format_get_progress",
+             "param": {"diskNum": 11, "diskName": "sda", "partionNum": 12}})"},
+        {"slotGetDevPlatformReq", [] { get_dev_platform_req(getDevPlatform().record); }, 23, true,
+         "req-getDevPlatform", kDev, "client request get device platform configuration",
+         bytes(getDevPlatform().wire)},
+        {"slotSetDevPlatformReq", [] { set_dev_platform_req(setDevPlatform().record); }, 25, true,
+         "req-setDevPlatform", kDev, "client request set device platform configuration",
+         bytes(setDevPlatform().wire)},
+        {"slotGetDevPlatform_kvrReq", [] { get_dev_platform_kvr_req("req-deviceReq", kDev); }, 27,
+         true, "req-deviceReq", kDev, "client request get device platform_kvr configuration",
+         bytes(deviceReq().wire)},
+        {"slotSetDevPlatform_kvrReq", [] { set_dev_platform_kvr_req(setDevPlatformKvr().record); },
+         29, true, "req-setDevPlatformKvr", kDev,
+         "client request set device platform_kvr configuration", bytes(setDevPlatformKvr().wire)},
+        {"slotImportDevCertReq", [] { import_dev_cert_req(importCert().record); }, 31, true,
+         "req-importCert", kDev, nullptr, bytes(importCert().wire)},
+        {"slotGetDevQRCodeReq", [] { get_dev_qrcode_req(device); }, 100, true, "req-device", kDev,
+         nullptr, none, 0, R"({"method": "dev_get_qrcode", "param": {}})"},
+        {"slotGetDevChannelsInfoCmd", [] { get_dev_channels_info_cmd(kDev); }, 17, false, "", kDev,
+         "client cmd get device channels information", kDev},
+        {"slotGetDevLogsReq", [] { get_dev_logs_req("req-logs", kDev, QDate(2026, 11, 22)); }, 100,
+         true, "req-logs", kDev, "client request get device logs", none, 0,
+         R"({"method": "log_get", "param": {"date": "2026-11-22", "type": "ALL"}})"},
+        {"slotSearchVideoRecordingsReq", [] { search_video_recordings_req(recsSearch().record); },
+         52, true, "req-recsSearch", kCam, "client request search video recordings",
+         bytes(recsSearch().wire)},
+        {"slotGetVideoRecordingsCalendarMaskReq",
+         [] { get_video_recordings_calendar_mask_req(calendar); }, 100, true, "req-calendar", kCam,
+         "client request get video recordings calendar mask", none, 7,
+         R"({"method": "get_record_date_list",
+             "param": {"channel_id": 7, "start_time": "20240101000000",
+             "end_time": "20240131235959"}})"},
+        {"slotGetRtspUrlReq", [] { get_rtsp_url_req(rtspUrl().record); }, 53, true, "req-rtspUrl",
+         kCam, "client request get rtsp url", bytes(rtspUrl().wire)},
+        {"slotGetPTZAbilityReq", [] { get_ptz_ability_req(chan); }, 100, true, "req-chan", kCam,
+         "client request get ptz ability", none, 7,
+         R"({"method": "ptz_ability_get", "param": {"channelid": 7}})"},
+        {"slotPTZAutoMoveReq",
+         [] {
+             PTZ_auto_move_req(
+                 {.requestId = "req-auto", .channelId = channel().record, .speed = 13});
+         },
+         100, true, "req-auto", kCam, "client request ptz auto move", none, 7,
+         R"({"method": "ptz_auto", "param": {"channelid": 7, "speed": 13}})"},
+        {"slotPTZCtrlReq", [] { PTZ_ctrl_req(ptzCtrl().record); }, 56, true, "req-ptzCtrl", kCam,
+         "client request ptz ctrl", bytes(ptzCtrl().wire)},
+        {"slotGetPresetsReq", [] { get_presets_req(channelReq().record); }, 58, true,
+         "req-channelReq", kCam, nullptr, bytes(channelReq().wire)},
+        {"slotOperPresetReq", [] { oper_preset_req(presetOper().record); }, 60, true,
+         "req-presetOper", kCam, "client request operate preset", bytes(presetOper().wire)},
+        {"slotGetPatrolsReq", [] { get_patrols_req(channelReq().record); }, 62, true,
+         "req-channelReq", kCam, nullptr, bytes(channelReq().wire)},
+        {"slotOperPatrolReq", [] { oper_patrol_req(patrolOper().record); }, 64, true,
+         "req-patrolOper", kCam, "client request operate patrol", bytes(patrolOper().wire)},
+        {"slotOperPatrolPresetReq", [] { oper_patrol_preset_req(patrolPresetOper().record); }, 66,
+         true, "req-patrolPresetOper", kCam, "client request operate patrol presets",
+         bytes(patrolPresetOper().wire)},
+        {"slotSetPatrolPresetsReq", [] { set_patrol_presets_req(setPatrolPresets().record); }, 68,
+         true, "req-setPatrolPresets", kCam, nullptr, bytes(setPatrolPresets().wire)},
+        {"slotPTZ3dLocateCmd",
+         [] {
+             PTZ_3d_locate_cmd({.requestId = "req-3d",
+                                .channelId = channel().record,
+                                .x = 21,
+                                .y = 22,
+                                .w = 23,
+                                .h = 24,
+                                .cmd = 25});
+         },
+         100, false, "req-3d", kCam, nullptr, none, 7,
+         R"({"method": "ptz_zoom_zone",
+             "param": {"channelid": 7, "zoneinfo": {"x": 21, "y": 22, "w": 23, "h": 24,
+             "cmd": 25}}})"},
+        {"slotAddBulletTagPointReq",
+         [] {
+             add_bullet_tag_point_req(
+                 {.requestId = "req-tag", .channelId = channel().record, .x = 31, .y = 32});
+         },
+         100, true, "req-tag", kCam, "client request add bullet tag point", none, 7,
+         R"({"method": "gtrack_add_mark_point", "param": {"channelid": 7, "x": 31, "y": 32}})"},
+        {"slotGetBulletTagPointsReq", [] { get_bullet_tag_points_req(chan); }, 100, true,
+         "req-chan", kCam, "client request get bullet tag points", none, 7,
+         R"({"method": "gtrack_get_point_list", "param": {"channelid": 7}})"},
+        {"slotClearBulletTagPointsReq", [] { clear_bullet_tag_points_req(chan); }, 100, true,
+         "req-chan", kCam, "client request clear bullet tag points", none, 7,
+         R"({"method": "gtrack_clear_point", "param": {"channelid": 7}})"},
+        {"slotCalibrateBulletDomeReq",
+         [] {
+             calibrate_bullet_dome_req(
+                 {.requestId = "req-cal", .channelId = channel().record, .mode = "auto"});
+         },
+         100, true, "req-cal", kCam, "client request calibrate bullet dome", none, 7,
+         R"({"method": "gtrack_set_calibration", "param": {"channelid": 7, "mode": "auto"}})"},
+        {"slotGetBulletDomeCalibrateStatusReq", [] { get_bullet_dome_calibrate_status_req(chan); },
+         100, true, "req-chan", kCam, "client request bullet dome calibrate status", none, 7,
+         R"({"method": "gtrack_get_calibration", "param": {"channelid": 7}})"},
+        {"slotSetDomeTrackGuardInitialPosReq", [] { set_dome_track_guard_initial_pos_req(chan); },
+         100, true, "req-chan", kCam, "client request set dome track guard initial pos", none, 7,
+         R"({"method": "gtrack_set_guard", "param": {"channelid": 7}})"},
+        {"slotManualBulletDomeTrackCmd",
+         [] {
+             manual_bullet_dome_track_cmd({.requestId = "req-track",
+                                           .channelId = channel().record,
+                                           .x = 41,
+                                           .y = 42,
+                                           .w = 43,
+                                           .h = 44});
+         },
+         100, false, "req-track", kCam, "client cmd manual bullet dome track", none, 7,
+         R"({"method": "gtrack_manual_position",
+             "param": {"channelid": 7, "position": {"x": 41, "y": 42, "w": 43, "h": 44}}})"},
+        {"slotOpenDevRemoteConfigReq", [] { open_dev_remote_config_req(kDev, 211); }, 81, false, "",
+         kDev, "client request open device remote configuration", bytes(remoteConfig())},
+        {"slotCheckDevUpgradeReq", [] { check_dev_upgrade_req(devUpgrade().record); }, 82, true,
+         "req-devUpgrade", kDev, "client request check device upgrade information",
+         bytes(devUpgrade().wire)},
+        {"slotDoDevUpgradeCmd", [] { do_dev_upgrade_cmd(devUpgrade().record); }, 85, false,
+         "req-devUpgrade", kDev, "client cmd do device upgrade", bytes(devUpgrade().wire)},
+        {"slotGetDevUpgradeProgressReq",
+         [] { get_dev_upgrade_progress_req("req-deviceReq", kDev); }, 86, true, "req-deviceReq",
+         kDev, "client request get device upgrade progress", bytes(deviceReq().wire)},
+        {"slotModifyDevAccountReq", [] { modify_dev_account_req(modifyAccount().record); }, 88,
+         true, "req-modifyAccount", kDev, "client request modify device account",
+         bytes(modifyAccount().wire)},
+        {"slotGetDevSysCfgReq", [] { get_dev_sys_cfg_req("req-sys", kDev); }, 100, true, "req-sys",
+         kDev, "client request get device system configure", none, 0,
+         R"({"method": "dev_get_info", "param": {}})"},
+        {"slotSetDevSysCfgCmd", [] { set_dev_sys_cfg_cmd(kDev, sysCfg); }, 100, false, "", kDev,
+         "client cmd set device system configure", none, 0,
+         R"({"method": "dev_set_info",
+             "param": {"bDiscoverable": true, "hostname": "host", "name": "cam name",
+             "rebootDay": "monday",
+                       "rebootHour": 51, "syslanguage": "fr", "encryptEn": false}})"},
+        {"slotGetChannImageAdjustSettingsReq",
+         [] { get_chann_image_adjust_settings_req("req-adjust", channel().record); }, 100, true,
+         "req-adjust", kCam, "client request get channel image adjust settings", none, 7,
+         R"({"method": "image_get_adjust_param", "param": {"channelid": 7}})"},
+        {"slotSetChannImageAdjustSettingsReq",
+         [] { set_chann_image_adjust_settings_req("req-adjust", channel().record, adjust); }, 100,
+         true, "req-adjust", kCam, "client request set channel image adjust settings", none, 7,
+         R"({"method": "image_set_adjust_param",
+             "param": {"channelid": 7, "contrast": 61, "brightness": 62, "saturation": 63,
+             "sharpen": 64,
+                       "bEnableMI": true, "bEnableST": false, "rotate": 65, "style": 66,
+                       "bEnableSmartSensor": 1}})"},
+        {"slotGetChannImageAbilityReq", [] { get_chann_image_ability_req(chan); }, 100, true,
+         "req-chan", kCam, "client request get channel image ability", none, 7,
+         R"({"method": "image_get_ability", "param": {"channelid": 7}})"},
+        {"slotGetChannImageSettingsReq", [] { get_chann_image_settings_req(chan); }, 100, true,
+         "req-chan", kCam, "client request get channel image settings", none, 7,
+         R"({"method": "image_get_param", "param": {"channelid": 7}})"},
+        {"slotSetChannImageSettingsCmd",
+         [] { set_chann_image_settings_cmd(channel().record, image); }, 100, false, "", kCam,
+         "client cmd set channel image settings", none, 7,
+         R"({"method": "image_set_param",
+             "param": {"channelid": 7, "contrast": 71, "brightness": 72, "saturation": 73,
+             "sharpen": 74,
+                       "fluency": 75, "definition": 76, "noise": 77, "smear": 78,
+                       "exposureMode": 79,
+                       "exposureMax": 80, "exposureMin": 81, "antiflick": 82, "scene": "scene",
+                       "daynightMode": "auto", "dayStart": {"hour": 6, "minute": 30},
+                       "dayEnd": {"hour": 19, "minute": 5}, "light": 83, "rotate": 84,
+                       "bEnableAWB": true, "bEnableMI": false, "bEnableST": true,
+                       "bEnableNoC": false,
+                       "bEnableWDynamic": true, "bAutoLowFrameEn": false,
+                       "bNightOptimization": true,
+                       "bDefogging": false, "bStarlight": true, "bAutogain": false, "bBLC": true,
+                       "bDistortionCorrection": false, "bDigitalstabilize": true}})"},
+        {"slotSetOSDReq", [] { set_osd_req(setOsd().record); }, 70, true, "req-setOsd", kCam,
+         "client request set osd", bytes(setOsd().wire)},
+        {"slotModifyDevNameReq", [] { modify_dev_name_req(modifyName().record); }, 71, true,
+         "req-modifyName", kDev, nullptr, bytes(modifyName().wire)},
+        {"slotAddFaceReq (library)", [] { add_face_req(libraryFace); }, 100, true, "req-face", kCam,
+         "client request add face", none, 7,
+         R"({"method": "dev_trans_userparam", "param": {"channelid": 7, "owner": "Tavirnex",
+             "req_data": {
+               "method": "rcglib_add", "package": "com.faces",
+               "param": {"name": "Ana", "group_id": [95, 96], "face_id": "face-1", "gender": 91,
+                         "birthdate": "1990-07-04", "classification": "staff", )" FROM_TO_SNAKE R"(,
+                         "jpeg_list": ["AAE=", "AgM="]}}}})"},
+        {"slotAddFaceReq (device)", [] { add_face_req(addFace().record); }, 73, true, "req-addFace",
+         kCam, "client request add face", bytes(addFace().wire)},
+        {"slotEditFaceReq", [] { edit_face_req(libraryFace); }, 100, true, "req-face", kCam,
+         nullptr, none, 7,
+         R"({"method": "dev_trans_userparam", "param": {"channelid": 7, "owner": "Tavirnex",
+             "req_data": {
+               "method": "rcglib_mod", "package": "com.faces",
+               "param": {"index": 94, "name": "Ana", "group_id": [95, 96], "face_id": "face-1",
+               "gender": 91,
+                         "birthdate": "1990-07-04", "classification": "staff", )" FROM_TO_SNAKE R"(,
+                         "jpeg_list": [{"base64": "AAE=", "uuid": "u1"}, {"base64": "AgM=",
+                         "uuid": ""}]}}}})"},
+        {"slotGetFacesReq (library)", [] { get_faces_req(libraryFaces); }, 100, true, "req-faces",
+         kCam, nullptr, none, 7,
+         R"({"method": "dev_trans_userparam", "param": {"channelid": 7, "owner": "Tavirnex",
+             "req_data": {
+               "method": "rcglib_search", "package": "com.faces",
+               "param": {"keyword": "kw", "group_id": [104], "gender": 105, "active": "yes",
+                         "classification": "vip", "modeling_status": "done", "page_num": 101,
+                         "page_size": 102}}}})"},
+        {"slotGetFacesReq (device)", [] { get_faces_req(getFaces().record); }, 75, true,
+         "req-getFaces", kCam, nullptr, bytes(getFaces().wire)},
+        {"slotGetFacesModelingStatusReq", [] { get_faces_modeling_status_req(ai); }, 100, true,
+         "req-ai", kCam, "client request get faces modeling status", none, 7,
+         R"({"method": "dev_trans_userparam", "param": {"channelid": 7, "owner": "Tavirnex",
+             "req_data": {
+               "method": "rcglib_statistics", "package": "com.ai", "param": {"group_id": 0}}}})"},
+        {"slotDelFaceReq", [] { del_face_req(delFace().record); }, 77, true, "req-delFace", kCam,
+         nullptr, bytes(delFace().wire)},
+        {"slotDelFacesReq",
+         [] {
+             del_faces_req({.requestId = "req-del",
+                            .channelId = channel().record,
+                            .package = "com.faces",
+                            .items = {{.index = 111, .groupIds = {112, 113}}, {.index = 114}}});
+         },
+         100, true, "req-del", kCam, "client request delete faces", none, 7,
+         R"({"method": "dev_trans_userparam", "param": {"channelid": 7, "owner": "Tavirnex",
+             "req_data": {
+               "method": "rcglib_del", "package": "com.faces",
+               "param": {"rcglib_items": [{"index": 111, "group_id": [112, 113]},
+                                          {"index": 114, "group_id": []}]}}}})"},
+        {"slotGetFaceDetectRecordsReq",
+         [] { get_face_detect_records_req(getFaceDetectRecords().record); }, 79, true,
+         "req-getFaceDetectRecords", kCam, "client request get face detect records",
+         bytes(getFaceDetectRecords().wire)},
+        {"slotClearFaceTemperatureCountCmd", [] { clear_face_temperature_count_cmd(kDev); }, 19,
+         false, "", kDev, "client cmd clear face temperature count", kDev},
+        {"slotGetAllFaceGroupsReq", [] { get_all_face_groups_req(ai); }, 100, true, "req-ai", kCam,
+         "client request get face groups", none, 7,
+         R"({"method": "dev_trans_userparam", "param": {"channelid": 7, "owner": "Tavirnex",
+             "req_data": {
+               "method": "group_search", "package": "com.ai", "param": {}}}})"},
+        {"slotAddFaceGroupsReq",
+         [] {
+             add_face_groups_req({.requestId = "req-groups",
+                                  .channelId = channel().record,
+                                  .package = "com.faces",
+                                  .groups = faceGroups});
+         },
+         100, true, "req-groups", kCam, "client request add face groups", none, 7,
+         R"({"method": "dev_trans_userparam", "param": {"channelid": 7, "owner": "Tavirnex",
+             "req_data": {
+               "method": "group_add", "package": "com.faces",
+               "param": {"groups": [{"name": "staff", "enable": 1}, {"name": "guests",
+               "enable": 0}]}}}})"},
+        {"slotDeleteFaceGroupsReq",
+         [] {
+             delete_face_groups_req({.requestId = "req-groups",
+                                     .channelId = channel().record,
+                                     .package = "com.faces",
+                                     .groupIds = {123, 124}});
+         },
+         100, true, "req-groups", kCam, nullptr, none, 7,
+         R"({"method": "dev_trans_userparam", "param": {"channelid": 7, "owner": "Tavirnex",
+             "req_data": {
+               "method": "group_del", "package": "com.faces", "param": {"id": [123, 124]}}}})"},
+        {"slotEditFaceGroupsReq",
+         [] {
+             edit_face_groups_req({.requestId = "req-groups",
+                                   .channelId = channel().record,
+                                   .package = "com.faces",
+                                   .groups = faceGroups});
+         },
+         100, true, "req-groups", kCam, "client request edit face groups", none, 7,
+         R"({"method": "dev_trans_userparam", "param": {"channelid": 7, "owner": "Tavirnex",
+             "req_data": {
+               "method": "group_mod", "package": "com.faces",
+               "param": {"groups": [{"id": 121, "name": "staff", "enable": 1},
+                                    {"id": 122, "name": "guests", "enable": 0}]}}}})"},
+        {"slotImportFaceLibraryReq", [] { import_face_library_req(ai); }, 100, true, "req-ai", kCam,
+         "client request import face library", none, 7,
+         R"({"method": "dev_trans_userparam", "param": {"channelid": 7, "owner": "Tavirnex",
+             "req_data": {
+               "method": "rcglib_import", "package": "com.ai"}}})"},
+        {"slotImportFaceLibraryProgressReq", [] { import_face_library_progress_req(ai); }, 100,
+         true, "req-ai", kCam, "client request import face library progress", none, 7,
+         R"({"method": "dev_trans_userparam", "param": {"channelid": 7, "owner": "Tavirnex",
+             "req_data": {
+               "method": "rcglib_import_get_progress", "package": "com.ai"}}})"},
+        {"slotExportFaceLibraryReq", [] { export_face_library_req(ai); }, 100, true, "req-ai", kCam,
+         "client request export face library", none, 7,
+         R"({"method": "dev_trans_userparam", "param": {"channelid": 7, "owner": "Tavirnex",
+             "req_data": {
+               "method": "rcglib_export", "package": "com.ai"}}})"},
+        {"slotExportFaceLibraryProgressReq", [] { export_face_library_progress_req(ai); }, 100,
+         true, "req-ai", kCam, "client request export face library progress", none, 7,
+         R"({"method": "dev_trans_userparam", "param": {"channelid": 7, "owner": "Tavirnex",
+             "req_data": {
+               "method": "rcglib_export_get_progress", "package": "com.ai"}}})"},
+        {"slotGetRegionTemperatureRecordsReq",
+         [] {
+             get_region_temperature_records_req({.requestId = "req-temp",
+                                                 .channelId = channel().record,
+                                                 .orderType = 131,
+                                                 .dataType = 132,
+                                                 .startTime = from,
+                                                 .endTime = to,
+                                                 .page = 133,
+                                                 .pageSize = 134});
+         },
+         100, true, "req-temp", kCam, "client request get region temperature records", none, 7,
+         R"({"method": "alarm_temperature_get_history_list",
+             "param": {"channelid": 7, "order_type": 131, "data_type": 132, )" FROM_TO_SNAKE R"(,
+                       "page": 133, "page_size": 134}})"},
+        {"slotGetAlarmRecordsReq", [] { get_alarm_records_req(alarms); }, 100, true, "req-alarms",
+         kCam, nullptr, none, 7,
+         R"({"method": "alarm_info_list_get",
+             "param": {"channelid": 7, "type": "motion", "order_type": 141, )" FROM_TO_DASHED R"(,
+                       "page": 142, "page_size": 143}})"},
+        {"slotGetTriggeredEventsReq",
+         [] {
+             get_triggered_events_req({.requestId = "req-trig",
+                                       .channelId = channel().record,
+                                       .startTime = from,
+                                       .endTime = to});
+         },
+         100, true, "req-trig", kCam, "client request get triggered events", none, 7,
+         R"({"method": "event_get_type_list", "param": {"channelid": 7, )" FROM_TO_DASHED R"(}})"},
+        {"slotGetEventRecordsReq", [] { get_event_records_req(events); }, 100, true, "req-events",
+         kCam, nullptr, none, 7,
+         R"({"method": "event_get_list",
+             "param": {"channelid": 7, )" FROM_TO_DASHED R"(, "mergeTimeEnable": 1, "record": 0,
+                       "type": [151, 152], "pageNum": 1, "pageSize": 1000}})"},
+        {"slotGetLicensePlateRecRecordsReq",
+         [] {
+             get_license_plate_rec_records_req({.requestId = "req-lpr",
+                                                .channelId = channel().record,
+                                                .startTime = from,
+                                                .endTime = to,
+                                                .plateNo = "AB-123",
+                                                .vehicleType = 161,
+                                                .vehicleColor = 162,
+                                                .vehicleOrientation = 163,
+                                                .plateColor = 164,
+                                                .plateType = 165,
+                                                .pageNum = 166,
+                                                .pageSize = 167});
+         },
+         100, true, "req-lpr", kCam, "client request get license plate recognition records", none,
+         7,
+         R"({"method": "ivp_LPR_get_history",
+             "param": {"channelid": -1, )" FROM_TO_DASHED
+         R"(, "plate_no": "AB-123", "vehicle_type": 161,
+                       "vehicle_color": 162, "vehicle_orientation": 163, "plate_color": 164,
+                       "plate_type": 165, "pageNum": 166, "pageSize": 167}})"},
+        {"slotGetFaceRecRecordsReq (capture)", [] { get_face_rec_records_req(faceRecords); }, 100,
+         true, "req-facerec", kCam, "client request get face capture records", none, 7,
+         R"({"method": "dev_trans_userparam", "param": {"channelid": 7, "owner": "Tavirnex",
+             "req_data": {
+               "method": "intelligence_face_capture_get_history_list", "package": "com.ai",
+               "param": {"channelid": -1, )" FROM_TO_SNAKE R"(, "age": 171, "gender": 172,
+                         "page_num": 174, "page_size": 175}}}})"},
+        {"slotGetFaceRecRecordsReq (recognition)",
+         [] {
+             auto recognition = faceRecords;
+             recognition.captureRecords = false;
+             get_face_rec_records_req(recognition);
+         },
+         100, true, "req-facerec", kCam, "client request get face recognition records", none, 7,
+         R"({"method": "dev_trans_userparam", "param": {"channelid": 7, "owner": "Tavirnex",
+             "req_data": {
+               "method": "caplib_search", "package": "com.ai",
+               "param": {)" FROM_TO_SNAKE R"(, "keyword": "kw", "gender": 172, "group_id": 173,
+                         "classification": "vip", "bduplicate": false, "page_num": 174,
+                         "page_size": 175}}}})"},
+        {"slotGetOtherEventRecordsReq (nothing stored)",
+         [] { Q_EMIT MessageSignals::instance()->signalGetOtherEventRecordsReq("req-other", 4); },
+         100, true, "req-other", "", "client request get other event records", none, 0,
+         R"({"method": "event_get_list",
+             "param": {"channelid": 0, "startTime": "", "endTime": "", "mergeTimeEnable": 0,
+             "record": 0,
+                       "type": [], "pageNum": 4, "pageSize": 1000}})"},
+        {"slotCancelAlarmReq",
+         [] {
+             cancel_alarm_req(
+                 {.requestId = "req-cancel", .channelId = channel().record, .alarmSource = "door"});
+         },
+         100, true, "req-cancel", kCam, "client request cancel alarm", none, 7,
+         R"({"method": "alarm_manual_cancel", "param": {"channelid": 7, "alarm_source": "door"}})"},
+        {"slotTriggerAlarmLinkReq",
+         [] {
+             Q_EMIT MessageSignals::instance()->signalTriggerAlarmLinkReq(
+                 {.requestId = "req-link", .channelId = channel().record, .status = "on"});
+         },
+         100, true, "req-link", kCam, nullptr, none, 7,
+         R"({"method": "alarm_link_trigger", "param": {"channelid": 7, "status": "on"}})"},
+        {"slotGetSnapImageReq",
+         [] {
+             get_snap_image_req(
+                 {.requestId = "req-snap", .channelId = channel().record, .path = "/snap/1.jpg"});
+         },
+         100, true, "req-snap", kCam, "client request get snap image", none, 7,
+         R"({"method": "snap_file_get", "param": {"channelid": 7, "path": "/snap/1.jpg"}})"},
+        {"slotGetCustomersCountReq", [] { get_customers_count_req(customersCount); }, 100, true,
+         "req-count", kCam, "client get customers count req", none, 7,
+         R"({"method": "intelligence_customer_count_get_history_list",
+             "param": {"channelid": 7, )" FROM_TO_SNAKE R"(, "count_type": "month"}})"},
+        {"slotGetCustomersRegionsReq", [] { get_customers_regions_req(chan); }, 100, true,
+         "req-chan", kCam, "client request get customers regions", none, 7,
+         R"({"method": "intelligence_regional_people_count_get_param",
+             "param": {"channelid": 7}})"},
+        {"slotGetCustomersRegionAttentionReq",
+         [] { get_customers_region_attention_req(attention); }, 100, true, "req-attention", kCam,
+         "client request get customers region attention", none, 7,
+         R"({"method": "intelligence_regional_people_count_get_history_list",
+             "param": {"channelid": 7, )" FROM_TO_SNAKE
+         R"(, "count_type": "week", "region_id": 181}})"},
+        {"slotGetCustomersHeatMapReq",
+         [] {
+             get_customers_heat_map_req({.requestId = "req-heat",
+                                         .channelId = channel().record,
+                                         .startTime = from,
+                                         .endTime = to});
+         },
+         100, true, "req-heat", kCam, "client request get customers heat map", none, 7,
+         R"({"method": "ivp_hm_get_heatmap", "param": {"channelid": 7, )" FROM_TO_DASHED R"(}})"},
+        {"slotGetCustomerGroupReq", [] { get_customer_group_req(group); }, 100, true, "req-group",
+         kCam, nullptr, none, 7,
+         R"({"method": "dev_trans_userparam", "param": {"channelid": 7, "owner": "Tavirnex",
+             "req_data": {
+               "method": "intelligence_face_count_get_history_list", "package": "com.ai",
+               "param": {)" FROM_TO_SNAKE R"(, "count_type": "year"}}}})"},
+        {"slotGetParkingLockStatusReq", [] { get_parking_lock_status_req(ai); }, 100, true,
+         "req-ai", kCam, "client request get parking lock status", none, 7,
+         R"({"method": "dev_trans_userparam", "param": {"channelid": 7, "owner": "Tavirnex",
+             "req_data": {
+               "method": "get_ground_lock_list", "package": "com.ai", "param": {}}}})"},
+        {"slotCtrlParkingLockReq",
+         [] {
+             ctrl_parking_lock_req({.requestId = "req-lock",
+                                    .channelId = channel().record,
+                                    .package = "com.ai",
+                                    .lockId = "L-07",
+                                    .status = 191});
+         },
+         100, true, "req-lock", kCam, "client request control parking lock", none, 7,
+         R"({"method": "dev_trans_userparam", "param": {"channelid": 7, "owner": "Tavirnex",
+             "req_data": {
+               "method": "ground_lock_control", "package": "com.ai",
+               "param": {"lock_id": "L-07", "status": 191}}}})"},
+        {"slotTalkOperReq", [] { talk_oper_req(talkOper().record); }, 94, true, "req-talkOper",
+         kCam, "client request talk operation", bytes(talkOper().wire)},
+        {"slotSpeakOperReq", [] { speak_oper_req(speakOper().record); }, 96, true, "req-speakOper",
+         kCam, "client request speak operation", bytes(speakOper().wire)},
+        {"slotUploadFileReq", [] { upload_file_req(uploadFile().record); }, 111, false,
+         "req-uploadFile", kDev, "client req upload file", bytes(uploadFile().wire)},
+        {"slotDownloadFileReq", [] { download_file_req(downloadFile().record); }, 112, false,
+         "req-downloadFile", kDev, nullptr, bytes(downloadFile().wire)},
+        {"slotCommonReq",
+         [] { common_req("req-raw", kDev, "{\"method\": \"x\", \"\xc3\xbc\": 1}"); }, 100, true,
+         "req-raw", kDev, "client request common", bytes(rawCommon())},
+    };
 }
 
 struct Sent
 {
-    MessageType type;
+    int type;
     QByteArray payload;
     QString devId;
 };
@@ -749,7 +668,7 @@ protected:
         hamal = MessageHamal::instance();
         hamal->setSendOperation(
             [this](MessageType type, const QByteArray& payload, const QString& devId) {
-                sent.append({type, payload, devId});
+                sent.append({int(type), payload, devId});
             });
     }
     void TearDown() override { vms_kit::release_vms_log(); }
@@ -760,6 +679,20 @@ protected:
         const QStringList fresh = lines.mid(seenLines);
         seenLines = lines.size();
         return fresh;
+    }
+
+    void expectJson(const QByteArray& payload, const char* requestId, const char* devId,
+                    unsigned channel, const char* json)
+    {
+        vms_sdk_proto::CommonReq request;
+        ASSERT_TRUE(request.ParseFromString(payload.toStdString()));
+        EXPECT_EQ(request.request_id(), requestId);
+        EXPECT_EQ(request.channel_id().dev_id(), devId);
+        EXPECT_EQ(request.channel_id().channel_index(), channel);
+        const QJsonDocument expected = QJsonDocument::fromJson(json);
+        ASSERT_TRUE(expected.isObject()) << "the expected document does not parse";
+        // Compact text of both, keys in order: equal exactly when the documents are.
+        EXPECT_EQ(compact(documentOf(request.req_json())), compact(expected.object()));
     }
 
     QString logPath;
@@ -778,9 +711,12 @@ TEST_F(RequestSlotsTest, EveryRequestSendsItsMessageToItsGatewayRegisteredAndLog
         newLogLines();
         row.call();
         ASSERT_EQ(sent.size(), 1);
-        EXPECT_EQ(int(sent[0].type), row.type);
-        EXPECT_EQ(sent[0].devId, row.devId);
-        EXPECT_EQ(sent[0].payload, row.payload);
+        EXPECT_EQ(sent[0].type, row.type);
+        EXPECT_EQ(sent[0].devId, QString(row.devId));
+        if (row.json)
+            expectJson(sent[0].payload, row.requestId, row.devId, row.channel, row.json);
+        else
+            EXPECT_EQ(sent[0].payload, row.payload);
         const QStringList lines = newLogLines();
         if (row.log) {
             ASSERT_EQ(lines.size(), 1);
@@ -809,59 +745,43 @@ TEST_F(RequestSlotsTest, SearchesSendANullBodyToTheFirstGateway)
 
 TEST_F(RequestSlotsTest, FurtherPagesOfEventRecordsReuseTheStoredCondition)
 {
-    vms_test::RecordFiller fill;
-    const auto condition = fill.make<GetEventRecordsCondition>();
-    get_event_records_req(condition);
-    Q_EMIT MessageSignals::instance()->signalGetOtherEventRecordsReq(condition.requestId, 2);
-    const CommonReqWorker worker(nullptr);
+    get_event_records_req(events);
+    Q_EMIT MessageSignals::instance()->signalGetOtherEventRecordsReq("req-events", 2);
     ASSERT_EQ(sent.size(), 2);
-    EXPECT_EQ(sent[0].payload, serialized(worker.getEventRecords(condition, 1)));
-    EXPECT_EQ(sent[1].payload, serialized(worker.getEventRecords(condition, 2)));
+    expectJson(sent[1].payload, "req-events", kCam, 7, R"({"method": "event_get_list",
+        "param": {"channelid": 7, )" FROM_TO_DASHED R"(, "mergeTimeEnable": 1, "record": 0,
+                  "type": [151, 152], "pageNum": 2, "pageSize": 1000}})");
     // Both registrations of the one id are counted.
-    EXPECT_TRUE(hamal->requestMgr()->removeRequest(condition.requestId));
-    EXPECT_TRUE(hamal->requestMgr()->removeRequest(condition.requestId));
-
-    // An id that was never stored still goes out, with an empty condition.
-    Q_EMIT MessageSignals::instance()->signalGetOtherEventRecordsReq(QStringLiteral("never"), 3);
-    ASSERT_EQ(sent.size(), 3);
-    const auto empty = GetEventRecordsCondition{.requestId = QStringLiteral("never")};
-    EXPECT_EQ(sent[2].payload, serialized(worker.getEventRecords(empty, 3)));
+    EXPECT_TRUE(hamal->requestMgr()->removeRequest("req-events"));
+    EXPECT_TRUE(hamal->requestMgr()->removeRequest("req-events"));
 }
 
 TEST_F(RequestSlotsTest, TheSixConditionsAnswersNeedAreStored)
 {
-    vms_test::RecordFiller fill;
-    const auto count = fill.make<GetCustomersCntCondition>();
-    const auto attention = fill.make<GetCustomersRegionAttentionCondition>();
-    const auto alarms = fill.make<GetAlarmRecordsCondition>();
-    const auto events = fill.make<GetEventRecordsCondition>();
-    const auto calendar = fill.make<GetCalendarMaskCondition>();
-    const auto group = fill.make<GetCustomerGroupCondition>();
-    get_customers_count_req(count);
+    get_customers_count_req(customersCount);
     get_customers_region_attention_req(attention);
     get_alarm_records_req(alarms);
     get_event_records_req(events);
     get_video_recordings_calendar_mask_req(calendar);
     get_customer_group_req(group);
     auto* store = RequestData::instance();
-    EXPECT_EQ(store->condition<GetCustomersCntCondition>(count.requestId, true), count);
-    EXPECT_EQ(store->condition<GetCustomersRegionAttentionCondition>(attention.requestId, true),
+    EXPECT_EQ(store->condition<GetCustomersCntCondition>("req-count", true), customersCount);
+    EXPECT_EQ(store->condition<GetCustomersRegionAttentionCondition>("req-attention", true),
               attention);
-    EXPECT_EQ(store->condition<GetAlarmRecordsCondition>(alarms.requestId, true), alarms);
-    EXPECT_EQ(store->condition<GetEventRecordsCondition>(events.requestId, true), events);
-    EXPECT_EQ(store->condition<GetCalendarMaskCondition>(calendar.requestId, true), calendar);
-    EXPECT_EQ(store->condition<GetCustomerGroupCondition>(group.requestId, true), group);
+    EXPECT_EQ(store->condition<GetAlarmRecordsCondition>("req-alarms", true), alarms);
+    EXPECT_EQ(store->condition<GetEventRecordsCondition>("req-events", true), events);
+    EXPECT_EQ(store->condition<GetCalendarMaskCondition>("req-calendar", true), calendar);
+    EXPECT_EQ(store->condition<GetCustomerGroupCondition>("req-group", true), group);
 }
 
 TEST_F(RequestSlotsTest, ARawJsonRequestIsAnsweredAsItCame)
 {
     QSignalSpy answers(ClientSignals::instance(), &ClientSignals::signalCommonRes);
-    common_req(QStringLiteral("raw-1"), QStringLiteral("cam-1"),
-               QStringLiteral(R"({"method": "m"})"));
+    common_req("raw-1", "cam-1", R"({"method": "m"})");
     vms_sdk_proto::CommonRes answer;
     answer.set_request_id("raw-1");
     answer.set_res_json(R"({"method": "m", "result": {}})");
-    hamal->slotMessageComing(CommonRes, serialized(answer));
+    hamal->slotMessageComing(MessageType(101), bytes(answer));
     ASSERT_EQ(answers.count(), 1);
     EXPECT_EQ(answers[0][0].toString(), "raw-1");
     EXPECT_EQ(answers[0][1].toString(), R"({"method": "m", "result": {}})");
@@ -872,8 +792,8 @@ TEST_F(RequestSlotsTest, StreamFunctionsReturnFreshIdsLogAndAnnounce)
     QSignalSpy live(MessageSignals::instance(), &MessageSignals::signalConnectLiveVideoReq);
     QSignalSpy trigger(ClientActions::instance(), &ClientActions::signalConnLiveVideoTrigger);
     QSignalSpy fileTrigger(ClientActions::instance(), &ClientActions::signalPlaybackByFileTrigger);
-    const LiveVideoConnCondition condition{
-        .channelId = {.devId = QStringLiteral("cam-1"), .channelIndex = 2}, .streamType = 1};
+    const LiveVideoConnCondition condition{.channelId = {.devId = "cam-1", .channelIndex = 2},
+                                           .streamType = 1};
     const StreamId first = connect_live_video_req(condition);
     const StreamId second = connect_live_video_req(condition);
     EXPECT_NE(first, second);
@@ -890,9 +810,8 @@ TEST_F(RequestSlotsTest, StreamFunctionsReturnFreshIdsLogAndAnnounce)
             .arg(first)));
 
     // A download announces no view.
-    playback_by_file_req(
-        PlaybackByFileCondition{.fileName = QStringLiteral("a.mp4"), .download = 1});
-    playback_by_file_req(PlaybackByFileCondition{.fileName = QStringLiteral("b.mp4")});
+    playback_by_file_req(PlaybackByFileCondition{.fileName = "a.mp4", .download = 1});
+    playback_by_file_req(PlaybackByFileCondition{.fileName = "b.mp4"});
     ASSERT_EQ(fileTrigger.count(), 1);
     EXPECT_EQ(fileTrigger[0][2].toString(), "b.mp4");
 }
@@ -900,8 +819,8 @@ TEST_F(RequestSlotsTest, StreamFunctionsReturnFreshIdsLogAndAnnounce)
 TEST_F(RequestSlotsTest, BothSpeedFunctionsAreOneAction)
 {
     QSignalSpy speed(MessageSignals::instance(), &MessageSignals::signalPlaybackSpeedSetReq);
-    playback_speed_set_req(7, QStringLiteral("2.0"));
-    download_speed_set_req(7, QStringLiteral("2.0"));
+    playback_speed_set_req(7, "2.0");
+    download_speed_set_req(7, "2.0");
     ASSERT_EQ(speed.count(), 2);
     EXPECT_EQ(speed[0], speed[1]);
 }
