@@ -416,6 +416,9 @@ QList<ScheduledPush> readPushes(JsonFields& root)
             int(fields.integer(QStringLiteral("count"), push.everyMs > 0 ? 0 : 1, 0, 1000000000));
         if (fields.ok() && push.everyMs == 0 && push.count != 1)
             fields.fail(QStringLiteral("count"), QStringLiteral("needs everyMs"));
+        fields.objects(QStringLiteral("variants")); // each must be an object
+        for (const QJsonValue& variant : push.entry.value(QStringLiteral("variants")).toArray())
+            push.variants.append(variant.toObject());
         pushes.append(push);
     }
     return pushes;
@@ -465,8 +468,10 @@ bool parseConfig(const QByteArray& json, SimConfig* config, QString* error)
     // device that does not exist fails at start and not minutes later.
     const DeviceModel model(config->devices, config->unknownDevicesOnline);
     for (const ScheduledPush& push : std::as_const(config->pushes)) {
-        if (buildPush(push, model, error).isNull())
-            return false;
+        for (int firing = 0; firing < qMax(1, int(push.variants.size())); ++firing) {
+            if (buildPush(push, model, error, firing).isNull())
+                return false;
+        }
     }
     return true;
 }
