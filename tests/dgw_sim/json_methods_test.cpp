@@ -9,6 +9,7 @@
 
 #include "vms_protocol/message_type.h"
 
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -591,4 +592,16 @@ TEST_F(JsonMethods, ScheduledPushesCarryTheConfiguredStates)
         EXPECT_EQ(face.record().attr_10(), expected.temperatureState);
         EXPECT_EQ(face.record().attr_11(), expected.maskState);
     }
+}
+
+TEST_F(JsonMethods, TheAlarmsExampleRunsItsSchedule)
+{
+    QFile example(QStringLiteral(VMS_DGW_SIM_ALARMS_EXAMPLE));
+    ASSERT_TRUE(example.open(QIODevice::ReadOnly));
+    SimProcess& sim = startSim(example.readAll());
+    ASSERT_TRUE(sim.initialise());
+    const auto face = sim.take<vms_sdk_proto::FaceDetectLiveInfo>(FaceDetectLivePush);
+    EXPECT_EQ(face.record().name(), "Ann");
+    EXPECT_EQ(face.record().attr_10(), 1);
+    EXPECT_EQ(sim.take<vms_sdk_proto::FaceCountInfo>(FaceCountPush).attr_2(), 5u);
 }
