@@ -836,8 +836,8 @@ TEST_F(DomainState, CommonMethodsAreAnsweredInTheDeviceEnvelope)
             .object();
     };
     const Row rows[] = {
-        {"a method without a row", "nvr-1", 0, R"({"method": "storage_get_info", "param": {}})",
-         "storage_get_info", 0, [](const QJsonObject& result) { EXPECT_TRUE(result.isEmpty()); }},
+        {"a method without a row", "nvr-1", 0, R"({"method": "image_set_param", "param": {}})",
+         "image_set_param", 0, [](const QJsonObject& result) { EXPECT_TRUE(result.isEmpty()); }},
         {"net mode", "cam-1", 0, R"({"method": "ifconfig_get_inet", "param": {}})",
          "ifconfig_get_inet", 0,
          [](const QJsonObject& result) { EXPECT_EQ(result.value("iface").toString(), "eth"); }},

@@ -9,7 +9,10 @@
 #include <QFile>
 #include <QHostAddress>
 #include <QJsonDocument>
+#include <QPair>
 #include <QSet>
+
+#include <algorithm>
 
 #include <type_traits>
 
@@ -212,6 +215,28 @@ void readUpkeep(JsonFields& fields, SimDevice* device)
         fields.integer(QStringLiteral("faceRecordMinutes"), device->faceRecordMinutes, 1, 1440));
 }
 
+// What the device's JSON methods generate: records, recordings by day and disks.
+void readMethodState(JsonFields& fields, SimDevice* device)
+{
+    device->eventMinutes =
+        int(fields.integer(QStringLiteral("eventMinutes"), device->eventMinutes, 1, 1440));
+    const QString since = fields.text(QStringLiteral("recordingsSince"));
+    device->recordingsSince = QDate::fromString(since, QStringLiteral("yyyy-MM-dd"));
+    if (!since.isEmpty() && !device->recordingsSince.isValid())
+        fields.fail(QStringLiteral("recordingsSince"), QStringLiteral("expected yyyy-MM-dd"));
+    if (fields.has(QStringLiteral("diskSizesMB"))) {
+        device->diskSizesMB.clear();
+        for (const QJsonValue& size : fields.array(QStringLiteral("diskSizesMB"))) {
+            if (!size.isDouble() || size.toDouble() < 1 || size.toDouble() > 1e9) {
+                fields.fail(QStringLiteral("diskSizesMB"),
+                            QStringLiteral("expected sizes in MB (1..1000000000)"));
+                break;
+            }
+            device->diskSizesMB.append(qint32(size.toDouble()));
+        }
+    }
+}
+
 SimChannel readChannel(JsonFields& fields, quint32 defaultIndex, const SimDevice& device)
 {
     SimChannel channel;
@@ -259,6 +284,7 @@ SimDevice readDevice(JsonFields& fields)
     device.abilities = readAbilities(fields);
     readNetwork(fields, &device);
     readUpkeep(fields, &device);
+    readMethodState(fields, &device);
 
     if (fields.has(QStringLiteral("channels"))) {
         QSet<quint32> indexes;
@@ -307,6 +333,44 @@ QSet<int> readTypes(JsonFields& fields, const QString& key)
     return types;
 }
 
+// The JSON methods answered with a broken document, by the name of the breakage.
+QList<MethodFault> readMethodFaults(JsonFields& faults)
+{
+    using Kind = MethodFault::Kind;
+    static const QList<QPair<QString, Kind>> kinds = {
+        {QStringLiteral("notJson"), Kind::NotJson},
+        {QStringLiteral("notObject"), Kind::NotObject},
+        {QStringLiteral("unknownMethod"), Kind::UnknownMethod},
+        {QStringLiteral("wrongCase"), Kind::WrongCase},
+        {QStringLiteral("deviceError"), Kind::DeviceError},
+        {QStringLiteral("transparentError"), Kind::TransparentError},
+        {QStringLiteral("invalidUtf8"), Kind::InvalidUtf8},
+    };
+    QList<MethodFault> list;
+    for (JsonFields& fields : faults.objects(QStringLiteral("methodAnswers"))) {
+        MethodFault fault;
+        fault.method = fields.text(QStringLiteral("method"));
+        const QString answer = fields.requiredText(QStringLiteral("answer"));
+        const auto kind = std::find_if(kinds.begin(), kinds.end(),
+                                       [&](const auto& row) { return row.first == answer; });
+        if (kind == kinds.end()) {
+            QStringList names;
+            for (const auto& row : kinds)
+                names.append(row.first);
+            fields.fail(QStringLiteral("answer"),
+                        QStringLiteral("unknown answer \"%1\" (known: %2)")
+                            .arg(answer, names.join(QStringLiteral(", "))));
+        } else {
+            fault.kind = kind->second;
+        }
+        fault.code = fields.int32(QStringLiteral("code"));
+        fault.message = fields.text(QStringLiteral("message"));
+        fields.finish();
+        list.append(fault);
+    }
+    return list;
+}
+
 FaultConfig readFaults(JsonFields fields)
 {
     FaultConfig faults;
@@ -331,6 +395,7 @@ FaultConfig readFaults(JsonFields fields)
           std::pair{"streamStallAfterFrames", &faults.streamStallAfterFrames},
           std::pair{"streamCutAfterFrames", &faults.streamCutAfterFrames}})
         *count = int(fields.integer(QLatin1String(key), 0, 0, 1000000000));
+    faults.methodFaults = readMethodFaults(fields);
     fields.finish();
     return faults;
 }
@@ -373,6 +438,9 @@ QList<ScheduledPush> readPushes(JsonFields& root)
             int(fields.integer(QStringLiteral("count"), push.everyMs > 0 ? 0 : 1, 0, 1000000000));
         if (fields.ok() && push.everyMs == 0 && push.count != 1)
             fields.fail(QStringLiteral("count"), QStringLiteral("needs everyMs"));
+        fields.objects(QStringLiteral("variants")); // each must be an object
+        for (const QJsonValue& variant : push.entry.value(QStringLiteral("variants")).toArray())
+            push.variants.append(variant.toObject());
         pushes.append(push);
     }
     return pushes;
@@ -423,8 +491,10 @@ bool parseConfig(const QByteArray& json, SimConfig* config, QString* error)
     // device that does not exist fails at start and not minutes later.
     const DeviceModel model(config->devices, config->unknownDevicesOnline);
     for (const ScheduledPush& push : std::as_const(config->pushes)) {
-        if (buildPush(push, model, error).isNull())
-            return false;
+        for (int firing = 0; firing < qMax(1, int(push.variants.size())); ++firing) {
+            if (buildPush(push, model, error, firing).isNull())
+                return false;
+        }
     }
     return true;
 }

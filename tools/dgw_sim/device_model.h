@@ -7,6 +7,7 @@
 #include "vms_message.pb.h"
 
 #include <QByteArray>
+#include <QDate>
 #include <QElapsedTimer>
 #include <QList>
 #include <QMap>
@@ -63,6 +64,107 @@ struct Face
     QByteArray picture;
 };
 
+// What the applications and settings of a channel keep for its JSON methods: what a set
+// changes, a get returns.
+struct ImageAdjust
+{
+    qint32 contrast = 50;
+    qint32 brightness = 50;
+    qint32 saturation = 50;
+    qint32 sharpen = 50;
+    bool mirror = false;
+    bool flip = false;
+    qint32 rotate = 0;
+    qint32 style = 0;
+};
+
+struct FaceGroup
+{
+    qint32 id = 0;
+    QString name;
+    bool enabled = true;
+};
+
+// A person of the face application's library (not the gateway's own face library above).
+struct LibraryFace
+{
+    qint32 index = 0;
+    QString name;
+    QString faceId;
+    qint32 gender = 0;
+    QString birthdate;
+    QString startTime;
+    QString endTime;
+    QString classification;
+    QString jpegUuid;
+    QList<qint32> groupIds;
+    // "success", "failed" or "pending": a new picture is modelled on the next read.
+    QString modelingStatus = QStringLiteral("pending");
+};
+
+struct ParkingLock
+{
+    QString lockId;
+    qint32 status = 0; // 0 down, 1 up
+    QString regionName;
+    QString parkingId;
+};
+
+struct TagPoint
+{
+    qint32 x = 0;
+    qint32 y = 0;
+    double pan = 0;
+    double tilt = 0;
+    double zoom = 0;
+};
+
+// An operation that advances each time its progress is asked for, until it is done.
+struct Progress
+{
+    bool started = false;
+    qint32 asked = 0;
+};
+
+struct ChannelApps
+{
+    ImageAdjust image;
+    QList<FaceGroup> groups = {{1, QStringLiteral("Staff"), true},
+                               {2, QStringLiteral("Visitors"), false}};
+    QList<LibraryFace> library = {
+        {1,
+         QStringLiteral("Ann"),
+         QStringLiteral("E-1001"),
+         2,
+         QStringLiteral("1990-04-12"),
+         QStringLiteral("2024-01-01 00:00:00"),
+         QStringLiteral("2034-01-01 00:00:00"),
+         QStringLiteral("staff"),
+         QStringLiteral("6d1f0c2e-0001"),
+         {1},
+         QStringLiteral("success")},
+        {2,
+         QStringLiteral("Bob"),
+         QStringLiteral("V-2001"),
+         1,
+         QStringLiteral("1985-11-02"),
+         QStringLiteral("2024-01-01 00:00:00"),
+         QStringLiteral("2024-12-31 23:59:59"),
+         QStringLiteral("visitor"),
+         QStringLiteral("6d1f0c2e-0002"),
+         {2},
+         QStringLiteral("failed")},
+    };
+    qint32 nextFaceIndex = 3;
+    QList<ParkingLock> locks = {
+        {QStringLiteral("L-01"), 0, QStringLiteral("North"), QStringLiteral("P-101")},
+        {QStringLiteral("L-02"), 1, QStringLiteral("North"), QStringLiteral("P-102")}};
+    QList<TagPoint> tagPoints;
+    Progress calibration;
+    Progress import;
+    Progress exportJob;
+};
+
 struct SimChannel
 {
     quint32 index = 1;
@@ -81,6 +183,7 @@ struct SimChannel
     QList<Preset> presets;
     QList<Patrol> patrols;
     QList<Face> faces;
+    ChannelApps apps;
     // Who is using the channel's audio line: one talk or one speak session at a time.
     enum class Audio { Idle, Talk, Speak } audio = Audio::Idle;
 };
@@ -149,6 +252,12 @@ struct SimDevice
     // Length of the generated recording files and the spacing of generated face records.
     int recordingMinutes = 60;
     int faceRecordMinutes = 30;
+    // The spacing of generated events, alarm, plate and temperature records.
+    int eventMinutes = 15;
+    // The first day with recordings; null: the device has recorded for ever.
+    QDate recordingsSince;
+    // Disks with their size; one 1 TB disk unless the config says otherwise.
+    QList<qint32> diskSizesMB = {953869};
 
     // What happens to the device while the gateway runs; a factory reset leaves it alone.
     struct Runtime
@@ -159,7 +268,10 @@ struct SimDevice
         qint64 upgradeDurationMs = 0;
         QString upgradeTarget;
         bool upgradeFinished = false;
-        qint64 clockOffsetMs = 0; // the device's clock against the gateway's
+        qint64 clockOffsetMs = 0;  // the device's clock against the gateway's
+        qint32 formattingDisk = 0; // the disk number being formatted; 0: none
+        qint32 formatAsked = 0;    // how often its progress was asked for
+        QList<qint32> formattedDisks;
     } runtime;
 };
 

@@ -20,6 +20,27 @@ struct Refusal
     QString message;
 };
 
+// A JSON method answered with a broken document, so that the library's failure paths for
+// device answers can be driven end to end.
+struct MethodFault
+{
+    enum class Kind {
+        NotJson,          // the answer text is no JSON at all
+        NotObject,        // JSON, but an array
+        UnknownMethod,    // the answer names a method nobody asked for
+        WrongCase,        // the method's name in upper case
+        DeviceError,      // the device turns the call down with `code` and `message`
+        TransparentError, // the transparent wrapper itself fails with `code` and `message`
+        InvalidUtf8,      // the transparent inner document carries bytes that are no UTF-8
+    };
+
+    // The method, or the inner method of a transparent one; empty: every method.
+    QString method;
+    Kind kind = Kind::NotJson;
+    qint32 code = 0;
+    QString message;
+};
+
 struct FaultConfig
 {
     QList<Refusal> refusals;
@@ -36,6 +57,7 @@ struct FaultConfig
     int streamCloseAfterFrames = 0;
     int streamStallAfterFrames = 0;
     int streamCutAfterFrames = 0;
+    QList<MethodFault> methodFaults;
 };
 
 enum class StreamFault { None, Close, Stall, Cut };

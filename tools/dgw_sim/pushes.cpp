@@ -241,10 +241,40 @@ QStringList pushKindNames()
     return names;
 }
 
-QByteArray buildPush(const ScheduledPush& push, const DeviceModel& model, QString* error)
+namespace {
+
+QJsonObject entryOf(const ScheduledPush& push, int firing)
 {
-    JsonFields fields(push.entry, push.path, error);
-    for (const char* key : {"type", "afterMs", "everyMs", "count"})
+    if (push.variants.isEmpty())
+        return push.entry;
+    QJsonObject entry = push.entry;
+    const QJsonObject variant = push.variants.at(firing % push.variants.size());
+    for (auto key = variant.begin(); key != variant.end(); ++key) {
+        QJsonObject nested = entry.value(key.key()).toObject();
+        if (key.value().isObject() && !nested.isEmpty()) {
+            const QJsonObject changes = key.value().toObject();
+            for (auto change = changes.begin(); change != changes.end(); ++change)
+                nested.insert(change.key(), change.value());
+            entry.insert(key.key(), nested);
+        } else {
+            entry.insert(key.key(), key.value());
+        }
+    }
+    return entry;
+}
+
+} // namespace
+
+QByteArray buildPush(const ScheduledPush& push, const DeviceModel& model, QString* error,
+                     int firing)
+{
+    const QString path = push.variants.isEmpty()
+                             ? push.path
+                             : QStringLiteral("%1 (variant %2)")
+                                   .arg(push.path)
+                                   .arg(firing % push.variants.size());
+    JsonFields fields(entryOf(push, firing), path, error);
+    for (const char* key : {"type", "afterMs", "everyMs", "count", "variants"})
         fields.skip(QString::fromLatin1(key));
     QByteArray payload = push.kind->build(fields, model);
     if (!fields.finish())
@@ -274,7 +304,7 @@ void PushScheduler::start()
     m_clock.start();
     m_pending.clear();
     for (int i = 0; i < m_pushes.size(); ++i)
-        m_pending.append({i, m_pushes.at(i).afterMs, m_pushes.at(i).count});
+        m_pending.append({i, m_pushes.at(i).afterMs, m_pushes.at(i).count, 0});
     fire();
 }
 
@@ -289,7 +319,7 @@ void PushScheduler::fire()
             break;
         const ScheduledPush& push = m_pushes.at(next->index);
         QString error;
-        const QByteArray payload = buildPush(push, m_model, &error);
+        const QByteArray payload = buildPush(push, m_model, &error, next->fired++);
         if (payload.isNull())
             logLine(QStringLiteral("push %1 not sent: %2").arg(push.path, error));
         else

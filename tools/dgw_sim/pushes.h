@@ -40,11 +40,16 @@ struct ScheduledPush
     qint64 afterMs = 0;
     qint64 everyMs = 0; // 0: once
     int count = 1;      // 0: for as long as the connection lives
+    // Keys that change from one firing to the next: firing n takes variant n modulo their
+    // number over the entry (an object's keys one level down), so a repeated face detection
+    // can be an alarm one time and none the next.
+    QList<QJsonObject> variants;
 };
 
-// The payload of one push, built from its entry and the model as they are now. Returns a null
-// array and sets `error` when the entry does not describe a valid push.
-QByteArray buildPush(const ScheduledPush& push, const DeviceModel& model, QString* error);
+// The payload of one push's `firing` (from 0), built from its entry and the model as they are
+// now. Returns a null array and sets `error` when the entry does not describe a valid push.
+QByteArray buildPush(const ScheduledPush& push, const DeviceModel& model, QString* error,
+                     int firing = 0);
 
 // Sends the scheduled pushes of one connection, relative to the moment it was initialised.
 //
@@ -68,6 +73,7 @@ private:
         int index;
         qint64 due;
         int remaining; // 0: no limit
+        int fired;
     };
 
     void fire();
