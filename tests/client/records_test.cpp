@@ -373,6 +373,7 @@ TEST(SignalSurface, EveryExportedFunctionHasItsHubSignal)
                                       "skip_by_offset_time_req",
                                       "speak_oper_req",
                                       "talk_oper_req",
+                                      "trigger_alarm_link_req",
                                       "upload_file_req",
                                       "connect_live_video_req",
                                       "playback_by_file_req",
