@@ -39,9 +39,9 @@ struct Key
 // One answer document, read as far as every parser reads it.
 struct Answer
 {
-    QString requestId;
-    Response response;
-    QJsonObject result; // only read when the device reports success
+    QString requestId{};
+    Response response{};
+    QJsonObject result{}; // empty when the device reports an error
 
     bool ok() const { return response.errCode == 0; }
     QJsonValue operator[](QLatin1String key) const { return result.value(key); }
@@ -52,14 +52,16 @@ struct Answer
     }
 };
 
+// A device that reports an error may still send a "result"; it is not read, so every parser
+// gives its defaults.
 Answer answerOf(const QString& requestId, const QJsonObject& document)
 {
     const QJsonObject error = document.value(QLatin1String("error")).toObject();
-    Answer answer{.requestId = requestId,
-                  .response = Response{.requestId = requestId},
-                  .result = document.value(QLatin1String("result")).toObject()};
+    Answer answer{.requestId = requestId, .response = Response{.requestId = requestId}};
     readValue(error.value(QLatin1String("errorcode")), answer.response.errCode);
     readValue(error.value(QLatin1String("message")), answer.response.errMsg);
+    if (answer.ok())
+        answer.result = document.value(QLatin1String("result")).toObject();
     return answer;
 }
 

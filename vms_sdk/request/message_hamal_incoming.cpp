@@ -69,7 +69,9 @@ struct IncomingRoutes
             if (!parse(answer, payload))
                 return parseFailed(QStringLiteral("dgw response ") + text, quirks);
             const Response response = responseOf(answer);
-            if (!hamal.m_requestMgr->removeRequest(response.requestId)) {
+            // Only a request that went out as this message waits for it; one of the same id
+            // that went out as a JSON method does not.
+            if (!hamal.m_requestMgr->removeRequest(response.requestId, QString())) {
                 log::error(QStringLiteral("client request time out ") +
                            (quirks.timeoutWords ? QString::fromLatin1(quirks.timeoutWords) : text));
                 return;

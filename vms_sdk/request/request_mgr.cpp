@@ -66,7 +66,17 @@ void RequestMgr::addRequest(const QString& requestId, const QString& kind)
             &RequestMgr::slotRequestTimeout);
 }
 
+bool RequestMgr::removeRequest(const QString& requestId)
+{
+    return removeRegistration(requestId, std::nullopt);
+}
+
 bool RequestMgr::removeRequest(const QString& requestId, const QString& kind)
+{
+    return removeRegistration(requestId, kind);
+}
+
+bool RequestMgr::removeRegistration(const QString& requestId, const std::optional<QString>& kind)
 {
     QMutexLocker locker(&m_mutex);
     const auto it = m_checkers.find(requestId);
@@ -83,7 +93,7 @@ bool RequestMgr::removeRequest(const QString& requestId, const QString& kind)
     // An answer of one kind never ends a registration of another: it is not what that
     // request waits for.
     QStringList& kinds = m_kinds[requestId];
-    const int index = kinds.indexOf(kind);
+    const int index = kind ? kinds.indexOf(*kind) : (kinds.isEmpty() ? -1 : 0);
     if (index < 0)
         return false;
     kinds.removeAt(index);

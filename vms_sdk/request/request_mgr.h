@@ -12,6 +12,8 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <optional>
+
 namespace vms_sdk {
 
 // The registry of outstanding requests and of the application's request values.
@@ -41,9 +43,11 @@ public:
     // `kind` says which answers the registration waits for; the dispatcher makes it up and
     // reads it back through kinds() to tell apart requests that share an id.
     void addRequest(const QString& requestId, const QString& kind = QString());
-    // Ends the oldest registration of the id with that kind. False when there is none: the
-    // answer came too late or was never asked for.
-    bool removeRequest(const QString& requestId, const QString& kind = QString());
+    // Ends the oldest registration of the id, of whatever kind. False when there is none:
+    // the answer came too late or was never asked for.
+    bool removeRequest(const QString& requestId);
+    // The same for an answer that can only be for registrations of one kind.
+    bool removeRequest(const QString& requestId, const QString& kind);
     // The kinds of the id's outstanding registrations, oldest first.
     QStringList kinds(const QString& requestId) const;
 
@@ -58,6 +62,8 @@ public Q_SLOTS:
     void slotRenewalRequestId(const QString& requestId);
 
 private:
+    bool removeRegistration(const QString& requestId, const std::optional<QString>& kind);
+
     mutable QMutex m_mutex;
     QMap<QString, QPointer<RequestTimeoutChecker>> m_checkers;
     QMap<QString, QStringList> m_kinds; // one entry per registration the checker counts
