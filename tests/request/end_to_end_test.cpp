@@ -304,12 +304,12 @@ TEST_F(EndToEndTest, PushesThatFollowRequestsAndJsonMethodsComplete)
                progress.last()[0].value<FileTransferProgress>().progress == 100;
     }));
 
-    // A JSON method's answer reaches the answer side, and the request is no longer waited for.
-    QSignalSpy json(MessageHamal::instance(), &MessageHamal::signalCommonJsonAnswer);
+    // A JSON method's answer reaches the application, and the request is no longer waited for.
+    QSignalSpy json(ClientSignals::instance(), &ClientSignals::signalGetDevQRCodeRes);
     get_dev_qrcode_req({.requestId = "qr", .devId = "cam-1"});
     ASSERT_TRUE(json.wait(10000));
-    EXPECT_EQ(json[0][0].toString(), "qr");
-    EXPECT_FALSE(MessageHamal::instance()->requestMgr()->removeRequest("qr"));
+    EXPECT_EQ(json[0][0].value<Response>().requestId, "qr");
+    EXPECT_TRUE(MessageHamal::instance()->requestMgr()->kinds("qr").isEmpty());
 }
 
 TEST_F(EndToEndTest, AnIgnoredRequestTimesOutWithItsValue)

@@ -596,6 +596,11 @@ void talk_oper_req(const TalkOperCondition& condition)
     emitOnHub(&MessageSignals::signalTalkOperReq, condition);
 }
 
+void trigger_alarm_link_req(const TriggerAlarmLinkCondition& condition)
+{
+    emitOnHub(&MessageSignals::signalTriggerAlarmLinkReq, condition);
+}
+
 void upload_file_req(const UploadFileCondition& condition)
 {
     emitOnHub(&MessageSignals::signalUploadFileReq, condition);

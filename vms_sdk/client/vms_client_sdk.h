@@ -173,6 +173,7 @@ VMS_CLIENT_SDK_EXPORT void skip_by_appointed_time_req(StreamId streamId,
 VMS_CLIENT_SDK_EXPORT void skip_by_offset_time_req(StreamId streamId, unsigned int offsetTime);
 VMS_CLIENT_SDK_EXPORT void speak_oper_req(const SpeakOperCondition& condition);
 VMS_CLIENT_SDK_EXPORT void talk_oper_req(const TalkOperCondition& condition);
+VMS_CLIENT_SDK_EXPORT void trigger_alarm_link_req(const TriggerAlarmLinkCondition& condition);
 VMS_CLIENT_SDK_EXPORT void upload_file_req(const UploadFileCondition& condition);
 VMS_CLIENT_SDK_EXPORT void get_dev_platform_kvr_req(const QString& requestId, const QString& devId);
 VMS_CLIENT_SDK_EXPORT void set_dev_platform_kvr_req(const SetDevPlatform_kvrCondition& condition);

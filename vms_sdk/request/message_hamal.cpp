@@ -4,10 +4,27 @@
 
 #include "vms_sdk/client/message_signals.h"
 #include "vms_sdk/gateway/multi_dgw_mgr.h"
+#include "vms_sdk/json_methods/alarm_worker.h"
 #include "vms_sdk/json_methods/common_req_worker.h"
+#include "vms_sdk/json_methods/common_res_worker.h"
 #include "vms_sdk/request/request_mgr.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
+
 namespace vms_sdk {
+
+QString MessageHamal::jsonAnswerKind(JsonReader reader, const QString& method)
+{
+    return (reader == JsonReader::Application ? QStringLiteral("application:")
+                                              : QStringLiteral("parsers:")) +
+           method;
+}
+
+QString MessageHamal::methodOf(const QByteArray& json)
+{
+    return QJsonDocument::fromJson(json).object().value(QLatin1String("method")).toString();
+}
 
 MessageHamal* MessageHamal::instance()
 {
@@ -19,6 +36,8 @@ MessageHamal::MessageHamal(QObject* parent)
     : QObject(parent)
     , m_requestMgr(new RequestMgr(this))
     , m_commonReqWorker(new CommonReqWorker(this))
+    , m_commonResWorker(new CommonResWorker(m_requestMgr, this))
+    , m_alarmWorker(new AlarmWorker(this))
     , m_send([](MessageType type, const QByteArray& payload, const QString& devId) {
         MultiDgwMgr::instance()->send(type, payload, devId);
     })
@@ -178,9 +197,6 @@ MessageHamal::MessageHamal(QObject* parent)
     connect(hub, &MessageSignals::signalUploadFileReq, this, &MessageHamal::slotUploadFileReq);
     connect(hub, &MessageSignals::signalDownloadFileReq, this, &MessageHamal::slotDownloadFileReq);
     connect(hub, &MessageSignals::signalCommonReq, this, &MessageHamal::slotCommonReq);
-    // A raw request that never got its answer must not be remembered for ever.
-    connect(ClientSignals::instance(), &ClientSignals::signalRequestTimeout, this,
-            [this](const QString& requestId) { m_rawCommonRequests.remove(requestId); });
 }
 
 } // namespace vms_sdk

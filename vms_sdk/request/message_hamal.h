@@ -11,13 +11,14 @@
 #include <QByteArray>
 #include <QList>
 #include <QObject>
-#include <QSet>
 
 #include <functional>
 
 namespace vms_sdk {
 
+class AlarmWorker;
 class CommonReqWorker;
+class CommonResWorker;
 class RequestMgr;
 struct RequestRow;
 
@@ -38,18 +39,21 @@ public:
     static MessageHamal* instance();
 
     RequestMgr* requestMgr() const { return m_requestMgr; }
+    CommonResWorker* commonResWorker() const { return m_commonResWorker; }
     // Lets a test see every outgoing message instead of a gateway.
     void setSendOperation(SendOperation send) { m_send = std::move(send); }
 
     // The message types the incoming table handles; every other number is ignored.
     static QList<int> handledMessageTypes();
 
-Q_SIGNALS:
-    // A face-detect push, handed on for the alarm side to judge.
-    void signalFaceDetectRecord(const QPair<QString, int>& channel,
-                                const vms_sdk::FaceDetectRecordInfo& record);
-    // The answer to a JSON-method request, for the answer parsers.
-    void signalCommonJsonAnswer(const QString& requestId, const QString& resJson);
+    // Who reads the answer to a JSON method request: the application, which composed the
+    // request itself (common_req), or the answer parsers.
+    enum class JsonReader { Application, Parsers };
+    // What a JSON request is registered with, so that its answer finds it even when another
+    // request shares its id: the reader and the method the answer will name.
+    static QString jsonAnswerKind(JsonReader reader, const QString& method);
+    // The "method" of a request or answer document; empty when it has none.
+    static QString methodOf(const QByteArray& json);
 
 public Q_SLOTS:
     void slotMessageComing(vms_sdk::MessageType msgType, const QByteArray& message);
@@ -161,20 +165,21 @@ private:
 
     // Registers (when the row says so), sends and logs one request.
     void dispatch(const RequestRow& row, const QString& requestId, const QByteArray& payload,
-                  const QString& devId);
+                  const QString& devId, const QString& kind = QString());
     // A condition copied into its wire message field by field.
     template<class Wire, class Condition>
     void sendWire(const RequestRow& row, const Condition& condition);
     // A JSON method, built by the CommonReqWorker.
-    void sendJson(const RequestRow& row, const vms_sdk_proto::CommonReq& request);
+    void sendJson(const RequestRow& row, const vms_sdk_proto::CommonReq& request,
+                  JsonReader reader = JsonReader::Parsers);
 
     friend struct IncomingRoutes;
 
     RequestMgr* m_requestMgr;
     CommonReqWorker* m_commonReqWorker;
+    CommonResWorker* m_commonResWorker;
+    AlarmWorker* m_alarmWorker;
     SendOperation m_send;
-    // Requests the application composed itself: their answers go out as signalCommonRes.
-    QSet<QString> m_rawCommonRequests;
 };
 
 } // namespace vms_sdk

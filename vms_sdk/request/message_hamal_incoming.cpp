@@ -7,6 +7,8 @@
 #include "vms_sdk/request/message_hamal.h"
 
 #include "vms_sdk/client/sdk_log.h"
+#include "vms_sdk/json_methods/alarm_worker.h"
+#include "vms_sdk/json_methods/common_res_worker.h"
 #include "vms_sdk/request/conversions/device_conversions.h"
 #include "vms_sdk/request/conversions/face_conversions.h"
 #include "vms_sdk/request/conversions/media_conversions.h"
@@ -67,7 +69,9 @@ struct IncomingRoutes
             if (!parse(answer, payload))
                 return parseFailed(QStringLiteral("dgw response ") + text, quirks);
             const Response response = responseOf(answer);
-            if (!hamal.m_requestMgr->removeRequest(response.requestId)) {
+            // Only a request that went out as this message waits for it; one of the same id
+            // that went out as a JSON method does not.
+            if (!hamal.m_requestMgr->removeRequest(response.requestId, QString())) {
                 log::error(QStringLiteral("client request time out ") +
                            (quirks.timeoutWords ? QString::fromLatin1(quirks.timeoutWords) : text));
                 return;
@@ -91,17 +95,20 @@ struct IncomingRoutes
         };
     }
 
-    // A push. `emit` returns what follows the words in the log line. A quiet push logs only
-    // when it cannot be read.
-    enum class Logged { Yes, OnlyFailures };
+    // A push. `emit` returns what follows the words in the log line. A quiet push logs
+    // nothing, not even a payload it cannot read.
+    enum class Logged { Yes, Never };
     template<class Message, class Emit>
     static Handler push(const char* words, Emit emit, Logged logged = Logged::Yes)
     {
         return [=](MessageHamal& hamal, const QByteArray& payload) {
             const QString text = QString::fromLatin1(words);
             Message push;
-            if (!parse(push, payload))
-                return parseFailed(QStringLiteral("dgw push ") + text, {});
+            if (!parse(push, payload)) {
+                if (logged == Logged::Yes)
+                    parseFailed(QStringLiteral("dgw push ") + text, {});
+                return;
+            }
             const QString detail = emit(hamal, push);
             if (logged == Logged::Yes)
                 log::trace(QStringLiteral("dgw push ") + text + detail);
@@ -119,6 +126,33 @@ struct IncomingRoutes
         };
     }
 
+    // The registration of a JSON request that an answer ends: among the JSON requests
+    // outstanding under its id, the oldest that asked for the method the answer names, or
+    // else the oldest. Empty when no JSON request waits under the id.
+    static QString answeredKind(const QStringList& kinds, const QString& method)
+    {
+        QString oldest;
+        for (const QString& kind : kinds) {
+            const bool json =
+                kind.startsWith(jsonKindPrefix(MessageHamal::JsonReader::Parsers)) ||
+                kind.startsWith(jsonKindPrefix(MessageHamal::JsonReader::Application));
+            if (!json)
+                continue;
+            if (kind.section(QLatin1Char(':'), 1) == method)
+                return kind;
+            if (oldest.isEmpty())
+                oldest = kind;
+        }
+        return oldest;
+    }
+
+    static QString jsonKindPrefix(MessageHamal::JsonReader reader)
+    {
+        return MessageHamal::jsonAnswerKind(reader, QString());
+    }
+
+    // A JSON request's answer goes to whoever composed the request: the application gets
+    // the text, the library's own requests go to the answer parsers.
     static Handler commonResponse()
     {
         return [](MessageHamal& hamal, const QByteArray& payload) {
@@ -127,15 +161,18 @@ struct IncomingRoutes
             if (!parse(answer, payload))
                 return parseFailed(QStringLiteral("dgw response ") + text, {});
             const QString requestId = QString::fromStdString(answer.request_id());
-            if (!hamal.m_requestMgr->removeRequest(requestId)) {
+            const QByteArray json = QByteArray::fromStdString(answer.res_json());
+            const QString kind =
+                answeredKind(hamal.m_requestMgr->kinds(requestId), MessageHamal::methodOf(json));
+            if (kind.isEmpty() || !hamal.m_requestMgr->removeRequest(requestId, kind)) {
                 log::error(QStringLiteral("client request time out ") + text);
                 return;
             }
-            const QString json = QString::fromStdString(answer.res_json());
-            if (hamal.m_rawCommonRequests.remove(requestId))
-                Q_EMIT out()->signalCommonRes(requestId, json);
+            const QString resJson = QString::fromUtf8(json);
+            if (kind.startsWith(jsonKindPrefix(MessageHamal::JsonReader::Application)))
+                Q_EMIT out()->signalCommonRes(requestId, resJson);
             else
-                Q_EMIT hamal.signalCommonJsonAnswer(requestId, json);
+                hamal.m_commonResWorker->handleCommonRes(requestId, resJson);
             log::trace(QStringLiteral("dgw response ") + text);
         };
     }
@@ -228,16 +265,16 @@ struct IncomingRoutes
                                                               text(p.dev_id()), fromWire(p));
                                                           return QString();
                                                       })},
-            {FaceDetectLivePush, push<vms_sdk_proto::FaceDetectLiveInfo>(
-                                     "face detect information",
-                                     [](MessageHamal& hamal, const auto& p) {
-                                         const QPair<QString, int> channel =
-                                             channelPair(p.channel_id());
-                                         const FaceDetectRecordInfo record = fromWire(p.record());
-                                         Q_EMIT out()->signalFaceDetectPush(channel, record);
-                                         Q_EMIT hamal.signalFaceDetectRecord(channel, record);
-                                         return QString();
-                                     })},
+            {FaceDetectLivePush,
+             push<vms_sdk_proto::FaceDetectLiveInfo>(
+                 "face detect information",
+                 [](MessageHamal& hamal, const auto& p) {
+                     const QPair<QString, int> channel = channelPair(p.channel_id());
+                     const FaceDetectRecordInfo record = fromWire(p.record());
+                     Q_EMIT out()->signalFaceDetectPush(channel, record);
+                     hamal.m_alarmWorker->handleFaceDetectAlarm(channel, record);
+                     return QString();
+                 })},
             {FaceCountPush,
              push<vms_sdk_proto::FaceCountInfo>("face temperature count information",
                                                 [](MessageHamal&, const auto& p) {
@@ -246,19 +283,17 @@ struct IncomingRoutes
                                                     return QString();
                                                 })},
             {CommonAlarmPush,
-             push<vms_sdk_proto::AlarmInfo>("common alarm",
-                                            [](MessageHamal&, const auto& p) {
-                                                Q_EMIT out()->signalCommonAlarmPush(fromWire(p));
-                                                return QString();
-                                            })},
+             [](MessageHamal& hamal, const QByteArray& payload) {
+                 hamal.m_alarmWorker->handleCommonAlarmPush(payload);
+             }},
             {TlvDataPush, push<vms_sdk_proto::TlvInfo>(
-                              "tlv data",
+                              nullptr,
                               [](MessageHamal&, const auto& p) {
                                   Q_EMIT out()->signalTlvDataPush(text(p.dev_id()),
                                                                   bytes(p.tlv_data()));
                                   return QString();
                               },
-                              Logged::OnlyFailures)},
+                              Logged::Never)},
             {GetRtspUrlRes, response<vms_sdk_proto::GetRtspUrlRes>(
                                 "get rtsp url",
                                 [](const auto& a, const Response& r) {

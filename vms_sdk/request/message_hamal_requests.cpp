@@ -23,10 +23,10 @@ namespace vms_sdk {
 using conversion::serialized;
 
 void MessageHamal::dispatch(const RequestRow& row, const QString& requestId,
-                            const QByteArray& payload, const QString& devId)
+                            const QByteArray& payload, const QString& devId, const QString& kind)
 {
     if (row.registered)
-        m_requestMgr->addRequest(requestId);
+        m_requestMgr->addRequest(requestId, kind);
     m_send(row.type, payload, devId);
     if (row.log)
         log::trace(QString::fromLatin1(row.log));
@@ -40,10 +40,15 @@ void MessageHamal::sendWire(const RequestRow& row, const Condition& condition)
     dispatch(row, requestIdOf(condition), serialized(request), devIdOf(condition));
 }
 
-void MessageHamal::sendJson(const RequestRow& row, const vms_sdk_proto::CommonReq& request)
+void MessageHamal::sendJson(const RequestRow& row, const vms_sdk_proto::CommonReq& request,
+                            JsonReader reader)
 {
+    const QString kind =
+        row.registered
+            ? jsonAnswerKind(reader, methodOf(QByteArray::fromStdString(request.req_json())))
+            : QString();
     dispatch(row, QString::fromStdString(request.request_id()), serialized(request),
-             QString::fromStdString(request.channel_id().dev_id()));
+             QString::fromStdString(request.channel_id().dev_id()), kind);
 }
 
 void MessageHamal::slotSearchDevsCmd()
@@ -563,8 +568,8 @@ void MessageHamal::slotDownloadFileReq(const vms_sdk::DownloadFileCondition& con
 void MessageHamal::slotCommonReq(const QString& requestId, const QString& devId,
                                  const QString& reqJson)
 {
-    m_rawCommonRequests.insert(requestId);
-    sendJson(requests::Common, m_commonReqWorker->commonReq(requestId, devId, reqJson));
+    sendJson(requests::Common, m_commonReqWorker->commonReq(requestId, devId, reqJson),
+             JsonReader::Application);
 }
 
 } // namespace vms_sdk

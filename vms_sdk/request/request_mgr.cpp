@@ -49,22 +49,34 @@ int RequestMgr::timeoutInterval() const
     return m_timeoutMs;
 }
 
-void RequestMgr::addRequest(const QString& requestId)
+void RequestMgr::addRequest(const QString& requestId, const QString& kind)
 {
     QMutexLocker locker(&m_mutex);
     const QPointer<RequestTimeoutChecker> existing = m_checkers.value(requestId);
     if (existing) {
         existing->restart();
         existing->addCount();
+        m_kinds[requestId].append(kind);
         return;
     }
     auto* checker = new RequestTimeoutChecker(requestId, m_timeoutMs);
     m_checkers.insert(requestId, checker);
+    m_kinds.insert(requestId, {kind});
     connect(checker, &RequestTimeoutChecker::signalRequestTimeout, this,
             &RequestMgr::slotRequestTimeout);
 }
 
 bool RequestMgr::removeRequest(const QString& requestId)
+{
+    return removeRegistration(requestId, std::nullopt);
+}
+
+bool RequestMgr::removeRequest(const QString& requestId, const QString& kind)
+{
+    return removeRegistration(requestId, kind);
+}
+
+bool RequestMgr::removeRegistration(const QString& requestId, const std::optional<QString>& kind)
 {
     QMutexLocker locker(&m_mutex);
     const auto it = m_checkers.find(requestId);
@@ -75,11 +87,27 @@ bool RequestMgr::removeRequest(const QString& requestId)
         // Nothing deletes a checker while it is still listed; should it ever happen, the id
         // has no deadline any more and counts as gone.
         m_checkers.erase(it);
+        m_kinds.remove(requestId);
         return false;
     }
-    if (checker->releaseCount() < 1)
+    // An answer of one kind never ends a registration of another: it is not what that
+    // request waits for.
+    QStringList& kinds = m_kinds[requestId];
+    const int index = kind ? kinds.indexOf(*kind) : (kinds.isEmpty() ? -1 : 0);
+    if (index < 0)
+        return false;
+    kinds.removeAt(index);
+    if (checker->releaseCount() < 1) {
         m_checkers.erase(it);
+        m_kinds.remove(requestId);
+    }
     return true;
+}
+
+QStringList RequestMgr::kinds(const QString& requestId) const
+{
+    QMutexLocker locker(&m_mutex);
+    return m_kinds.value(requestId);
 }
 
 void RequestMgr::slotRenewalRequestId(const QString& requestId)
@@ -96,6 +124,7 @@ void RequestMgr::slotRequestTimeout(const QString& requestId)
     {
         QMutexLocker locker(&m_mutex);
         removed = m_checkers.remove(requestId);
+        m_kinds.remove(requestId);
         requestValue = m_values.take(requestId);
     }
     // Outside the lock: the application's slots may well read or set request values.

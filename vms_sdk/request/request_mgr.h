@@ -9,7 +9,10 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
+
+#include <optional>
 
 namespace vms_sdk {
 
@@ -37,9 +40,16 @@ public:
     void setTimeoutInterval(int ms);
     int timeoutInterval() const;
 
-    void addRequest(const QString& requestId);
-    // False when the id is not outstanding: the answer came too late or was never asked for.
+    // `kind` says which answers the registration waits for; the dispatcher makes it up and
+    // reads it back through kinds() to tell apart requests that share an id.
+    void addRequest(const QString& requestId, const QString& kind = QString());
+    // Ends the oldest registration of the id, of whatever kind. False when there is none:
+    // the answer came too late or was never asked for.
     bool removeRequest(const QString& requestId);
+    // The same for an answer that can only be for registrations of one kind.
+    bool removeRequest(const QString& requestId, const QString& kind);
+    // The kinds of the id's outstanding registrations, oldest first.
+    QStringList kinds(const QString& requestId) const;
 
     void setValue(const QString& requestId, const QVariant& value);
     // An invalid QVariant when there is none.
@@ -52,8 +62,11 @@ public Q_SLOTS:
     void slotRenewalRequestId(const QString& requestId);
 
 private:
+    bool removeRegistration(const QString& requestId, const std::optional<QString>& kind);
+
     mutable QMutex m_mutex;
     QMap<QString, QPointer<RequestTimeoutChecker>> m_checkers;
+    QMap<QString, QStringList> m_kinds; // one entry per registration the checker counts
     QMap<QString, QVariant> m_values;
     int m_timeoutMs;
 };

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// SPDX-FileCopyrightText: the vms_client_sdk developers
+
+// Every request of the public interface, made against the simulator, ends exactly once on a
+// ClientSignals signal: its own, a failure or a time-out.
+#include "support/request_answer_map.h"
+#include "support/test_support.h"
+
+#include <vms_sdk/vms_client_sdk.h>
+
+#include "vms_sdk/request/message_hamal.h"
+#include "vms_sdk/request/request_mgr.h"
+
+#include <QFile>
+#include <QMetaMethod>
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <memory>
+
+using namespace vms_sdk;
+
+namespace {
+
+// The request id an emission names: a Response's, or a first argument that is text.
+QString requestIdOf(const QVariantList& args)
+{
+    const QVariant first = args.value(0);
+    if (first.userType() == qMetaTypeId<Response>())
+        return first.value<Response>().requestId;
+    return first.userType() == QMetaType::QString ? first.toString() : QString();
+}
+
+// Every emission of every ClientSignals signal, by the request id it names.
+class EndingsRecorder
+{
+public:
+    EndingsRecorder()
+    {
+        const QMetaObject& meta = ClientSignals::staticMetaObject;
+        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+            const QMetaMethod method = meta.method(i);
+            if (method.methodType() == QMetaMethod::Signal)
+                m_spies.emplace(method.methodSignature(),
+                                std::make_unique<QSignalSpy>(ClientSignals::instance(), method));
+        }
+    }
+
+    // The signatures of the signals that named the id, once per emission.
+    QList<QByteArray> endingsOf(const QString& requestId) const
+    {
+        QList<QByteArray> endings;
+        for (const auto& [signature, spy] : m_spies) {
+            for (const QVariantList& args : *spy) {
+                if (requestIdOf(args) == requestId)
+                    endings.append(signature);
+            }
+        }
+        return endings;
+    }
+
+private:
+    std::map<QByteArray, std::unique_ptr<QSignalSpy>> m_spies;
+};
+
+class RequestEndsTest : public ::testing::Test
+{
+protected:
+    // The simulator with the given faults, three devices managed.
+    void start(const QByteArray& faults = "{}")
+    {
+        const QString config = vms_test::tempDir() + QStringLiteral("/request_ends.json");
+        QFile file(config);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(R"({"idleExitMs": 10000, "faults": )" + faults + "}");
+        file.close();
+        qputenv("VMS_DGW_SIM_CONFIG", config.toUtf8());
+
+        init_vms_client_sdk();
+        // Short enough that a request nobody answers ends within the test.
+        MessageHamal::instance()->requestMgr()->setTimeoutInterval(3000);
+        QSignalSpy ready(ClientSignals::instance(), &ClientSignals::signalPrepareStartDgwSuccess);
+        prepare_start_dgw_req(InitDgwCondition{}, QStringLiteral(VMS_DGW_SIM_PATH), 3);
+        ASSERT_TRUE(vms_test::waitFor([&] { return ready.count() == 1; }, 20000));
+        QSignalSpy status(ClientSignals::instance(), &ClientSignals::signalDevStatusPush);
+        set_managed_devs_cmd({DevInfo{.id = QStringLiteral("cam-1")},
+                              DevInfo{.id = QStringLiteral("cam-2")},
+                              DevInfo{.id = QStringLiteral("nvr-1")}});
+        ASSERT_TRUE(vms_test::waitFor([&] { return status.count() >= 3; }, 10000));
+    }
+    void TearDown() override
+    {
+        MessageHamal::instance()->requestMgr()->setTimeoutInterval(RequestMgr::DefaultTimeoutMs);
+        release_vms_client_sdk();
+    }
+};
+
+TEST_F(RequestEndsTest, EveryRequestEndsExactlyOnceOnItsSignal)
+{
+    start();
+    EndingsRecorder recorder;
+    const ChannelId cam1{.devId = QStringLiteral("cam-1"), .channelIndex = 1};
+    const QList<vms_test::RequestAnswer> map = vms_test::requestAnswerMap();
+    for (int i = 0; i < map.size(); ++i)
+        map[i].call(QStringLiteral("ends-%1").arg(i), cam1);
+
+    for (int i = 0; i < map.size(); ++i) {
+        const vms_test::RequestAnswer& row = map[i];
+        SCOPED_TRACE(row.function);
+        const QString id = QStringLiteral("ends-%1").arg(i);
+        ASSERT_TRUE(vms_test::waitFor([&] { return !recorder.endingsOf(id).isEmpty(); }, 10000));
+        // Nothing left that could end it a second time: no deadline is running...
+        EXPECT_TRUE(MessageHamal::instance()->requestMgr()->kinds(id).isEmpty());
+    }
+    // ... and the gateway, which answers in order, has nothing more for them.
+    QSignalSpy last(ClientSignals::instance(), &ClientSignals::signalGetDevNetRes);
+    get_dev_net_req({.requestId = QStringLiteral("last"), .devId = QStringLiteral("cam-1")});
+    ASSERT_TRUE(last.wait(10000));
+
+    for (int i = 0; i < map.size(); ++i) {
+        const vms_test::RequestAnswer& row = map[i];
+        SCOPED_TRACE(row.function);
+        EXPECT_EQ(recorder.endingsOf(QStringLiteral("ends-%1").arg(i)),
+                  QList<QByteArray>{row.endsOn.methodSignature()});
+    }
+}
+
+TEST_F(RequestEndsTest, ARequestNobodyAnswersEndsOnItsTimeOut)
+{
+    start(R"({"ignoreTypes": [100]})");
+    EndingsRecorder recorder;
+    get_dev_qrcode_req({.requestId = QStringLiteral("lost"), .devId = QStringLiteral("cam-1")});
+    ASSERT_TRUE(vms_test::waitFor([&] { return !recorder.endingsOf("lost").isEmpty(); }, 10000));
+    EXPECT_EQ(recorder.endingsOf("lost"),
+              QList<QByteArray>{"signalRequestTimeout(QString,QVariant)"});
+}
+
+} // namespace
