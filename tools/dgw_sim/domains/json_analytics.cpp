@@ -256,6 +256,9 @@ QJsonObject regionAttention(MethodCall& call, Outcome* outcome)
     *outcome = readPeriod(call, "start_time", "end_time", &range);
     if (outcome->ok() && (region < 1 || region > 3))
         *outcome = {NotFound, QStringLiteral("no counting region %1").arg(region)};
+    // The counts below divide by the region number.
+    if (!outcome->ok())
+        return {};
     QJsonArray list;
     for (const TimeRange& period : countPeriods(range, call.text("count_type"))) {
         const int people = visitors(period, 10 + region) / region;
