@@ -23,6 +23,8 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 using namespace vms_sdk;
 
 namespace {
@@ -376,6 +378,32 @@ TEST(StreamSocketLimit, ARefusedFrameFailsTheStreamAsASocketErrorAndNothingAfter
         }
         EXPECT_EQ(logged, 1);
     }
+    vms_kit::release_vms_log();
+}
+
+TEST(StreamSocketLimit, AStreamServerOfAnotherUserGetsNoStartRequest)
+{
+    ClientSignals::instance(); // registers the stream id's type for the spies
+    const QString logPath = vms_test::openTestLog();
+    QLocalServer server;
+    ASSERT_TRUE(server.listen(QUuid::createUuid().toString(QUuid::Id128)));
+    // Another user cannot be had in a test: expecting a user we are not makes us the stranger.
+    StreamSocket stream(8, LiveVideoConnCondition{.channelId = cam1}, nullptr,
+                        {.peerUser = qint64(::getuid()) + 1});
+    QSignalSpy status(&stream, &StreamSocket::signalConnectStatus);
+    stream.open(server.fullServerName());
+    ASSERT_TRUE(vms_test::waitFor([&] { return status.count() > 0; }));
+    EXPECT_EQ(status[0][1].value<ConnStatus>(), ConnStatusSocketError);
+    ASSERT_TRUE(vms_test::waitFor([&] { return server.hasPendingConnections(); }));
+    std::unique_ptr<QLocalSocket> peer(server.nextPendingConnection());
+    EXPECT_TRUE(vms_test::waitFor([&] { return peer->state() == QLocalSocket::UnconnectedState; }));
+    EXPECT_EQ(peer->readAll(), QByteArray());
+    int logged = 0;
+    for (const QString& line : vms_test::readLines(logPath)) {
+        logged += line.contains(
+            QStringLiteral("client stream socket peer is not our dgw, stream_id: 8; peer pid "));
+    }
+    EXPECT_EQ(logged, 1);
     vms_kit::release_vms_log();
 }
 
