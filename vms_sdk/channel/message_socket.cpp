@@ -117,14 +117,10 @@ void MessageSocket::slotReadyRead()
     Frame frame;
     while (self && m_socket->isValid() && m_reader.read(*m_socket, frame))
         Q_EMIT signalMessageComing(MessageType(frame.type), frame.payload);
-    if (self && m_reader.failed())
-        dropBadFrame();
-}
-
-void MessageSocket::dropBadFrame()
-{
-    dropConnection(
-        QStringLiteral("message socket read bad frame from dgw, %1").arg(m_reader.failure()));
+    if (self && m_reader.failed()) {
+        dropConnection(
+            QStringLiteral("message socket read bad frame from dgw, %1").arg(m_reader.failure()));
+    }
 }
 
 void MessageSocket::dropConnection(const QString& why)

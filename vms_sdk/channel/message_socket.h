@@ -75,7 +75,6 @@ private Q_SLOTS:
     void slotHandleMessage(vms_sdk::MessageType msgType, const QByteArray& message);
 
 private:
-    void dropBadFrame();
     void dropConnection(const QString& why);
 
     QMap<QString, DevInfo> m_devices;
