@@ -23,8 +23,19 @@ QByteArray FrameCodec::encode(int type, const QByteArray& payload)
     return frame;
 }
 
+FrameReader::FrameReader(qint64 maxPayload)
+{
+    setMaxPayload(maxPayload);
+}
+
+void FrameReader::setMaxPayload(qint64 maxPayload)
+{
+    m_maxPayload = qBound<qint64>(0, maxPayload, FrameCodec::LargestPayload);
+}
+
 void FrameReader::reset()
 {
+    m_failure.clear();
     m_headerFilled = 0;
     m_pendingLength = 0;
     m_type = 0;
@@ -35,6 +46,8 @@ void FrameReader::reset()
 
 bool FrameReader::read(QIODevice& device, Frame& frame)
 {
+    if (failed())
+        return false;
     if (m_headerFilled < FrameCodec::HeaderSize && !readHeader(device))
         return false;
     if (!readPayload(device))
@@ -57,8 +70,18 @@ bool FrameReader::readHeader(QIODevice& device)
     m_pendingLength = qFromBigEndian<qint64>(m_header);
     m_type = qint8(m_header[8]);
     const quint32 size = qFromBigEndian<quint32>(m_header + 9);
-    // The payload's own size field decides how much follows; the length field is only ever
-    // a lower bound the sender computed, and trusting it would desynchronise the stream.
+    // Both fields describe the same payload; when they disagree the bytes are not a frame of
+    // ours (or no longer line up with one), and nothing after them can be trusted either.
+    const qint64 payloadSize = size == FrameCodec::NullPayloadSize ? 0 : qint64(size);
+    if (m_pendingLength != payloadSize + 1) {
+        return refuse(QStringLiteral("length %1 does not match payload size %2")
+                          .arg(m_pendingLength)
+                          .arg(size));
+    }
+    if (payloadSize > m_maxPayload) {
+        return refuse(
+            QStringLiteral("payload size %1 over the limit %2").arg(size).arg(m_maxPayload));
+    }
     if (size == FrameCodec::NullPayloadSize) {
         m_payloadSize = 0;
         m_payload = QByteArray();
@@ -68,6 +91,12 @@ bool FrameReader::readHeader(QIODevice& device)
     }
     m_payloadFilled = 0;
     return true;
+}
+
+bool FrameReader::refuse(const QString& why)
+{
+    m_failure = why;
+    return false;
 }
 
 bool FrameReader::readPayload(QIODevice& device)

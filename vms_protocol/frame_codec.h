@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 #include <QtGlobal>
 
 class QIODevice;
@@ -27,6 +28,11 @@ struct Frame
 namespace FrameCodec {
 constexpr int HeaderSize = 13;
 constexpr quint32 NullPayloadSize = 0xFFFFFFFF;
+// The largest payload a reader accepts unless told otherwise; the biggest media frame is far
+// smaller.
+constexpr qint64 DefaultMaxPayload = 64 * 1024 * 1024;
+// What a QByteArray can hold at most, whatever limit a reader is given.
+constexpr qint64 LargestPayload = 0x7fffffff - 64;
 
 QByteArray encode(int type, const QByteArray& payload);
 } // namespace FrameCodec
@@ -37,21 +43,42 @@ QByteArray encode(int type, const QByteArray& payload);
 // byte of the next frame and never hands over a frame that is not complete. The payload is
 // sized from its size field and filled straight from the device (one copy); its buffer grows
 // with the bytes that actually arrive, so a hostile size field allocates nothing up front.
+//
+// A header that cannot be a frame of ours (a payload over the limit, a length field that is
+// not the payload size + 1) is refused: the reader keeps the reason and reads nothing more
+// until it is reset. Whatever follows such a header cannot be trusted to start a frame, so
+// the owner is expected to drop the connection.
 class FrameReader
 {
 public:
+    explicit FrameReader(qint64 maxPayload = FrameCodec::DefaultMaxPayload);
+
     // Reads what the current frame still needs. Returns true and fills `frame` once it is
-    // complete; returns false while bytes are missing (call again on the next readyRead).
+    // complete; returns false while bytes are missing (call again on the next readyRead) and
+    // once the reader has refused a header (see failed()).
     bool read(QIODevice& device, Frame& frame);
+
+    // True once a header was refused; why, in a few words, for the owner's log.
+    bool failed() const { return !m_failure.isEmpty(); }
+    QString failure() const { return m_failure; }
+
+    qint64 maxPayload() const { return m_maxPayload; }
+    void setMaxPayload(qint64 maxPayload);
+    // What the payload buffer of the frame in progress has reserved so far.
+    qint64 bufferCapacity() const { return m_payload.capacity(); }
 
     // The length field of the frame in progress; 0 while it has not been read.
     qint64 pendingLength() const { return m_pendingLength; }
+    // Forgets the frame in progress and a refusal; the limit stays.
     void reset();
 
 private:
     bool readHeader(QIODevice& device);
     bool readPayload(QIODevice& device);
+    bool refuse(const QString& why);
 
+    qint64 m_maxPayload;
+    QString m_failure;
     char m_header[FrameCodec::HeaderSize] = {};
     int m_headerFilled = 0;
     qint64 m_pendingLength = 0;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 // SPDX-FileCopyrightText: the vms_client_sdk developers
+#include "support/frame_limit_rows.h"
 #include "support/test_support.h"
 
 #include <vms_sdk/client_signals.h>
@@ -316,6 +317,56 @@ TEST_F(MessageSocketTest, SendingWithoutAConnectionDropsSilentlyAndCloseEndsTheC
     QCoreApplication::processEvents();
     EXPECT_EQ(restarts.count(), 0);
     EXPECT_FALSE(status.wait(100)); // and no more attempts
+}
+
+TEST_F(MessageSocketTest, ARefusedFrameClosesTheChannelAsASocketErrorAndNothingAfterItArrives)
+{
+    const QByteArray next = FrameCodec::encode(40, "next");
+    for (const vms_test::FrameLimitRow& row : vms_test::frameLimitRows()) {
+        SCOPED_TRACE(row.name);
+        // A server of its own: the previous channel's reconnection may still be queued.
+        server.close();
+        serverName = uniqueServerName();
+        ASSERT_TRUE(server.listen(serverName));
+        MessageSocketTiming timing = fastTiming;
+        timing.maxPayload = vms_test::SmallFrameLimit;
+        MessageSocket channel(nullptr, timing);
+        channel.setServerName(serverName);
+        channel.devices().insert(QStringLiteral("cam-a"), DevInfo{.id = QStringLiteral("cam-a")});
+        QSignalSpy frames(&channel, &MessageSocket::signalMessageComing);
+        QSignalSpy status(&channel, &MessageSocket::signalConnectStatus);
+        QSignalSpy restarts(&channel, &MessageSocket::signalTryStartNewDgw);
+        QSignalSpy offline(ClientSignals::instance(), &ClientSignals::signalDevStatusPush);
+        std::unique_ptr<QLocalSocket> peer(accept());
+        ASSERT_NE(peer, nullptr);
+        ASSERT_TRUE(vms_test::waitFor([&] { return status.count() == 1; }));
+        peer->write(row.bytes + next);
+        peer->flush();
+        if (!row.failure) {
+            ASSERT_TRUE(vms_test::waitFor([&] { return frames.count() == 2; }));
+            EXPECT_EQ(frames[0][1].toByteArray(), "0123456789abcdef");
+            EXPECT_EQ(frames[1][1].toByteArray(), "next");
+            EXPECT_EQ(status.count(), 1);
+            continue;
+        }
+        // Status 3 first, then the loss as any other: devices offline and a restart asked for.
+        ASSERT_TRUE(vms_test::waitFor([&] { return restarts.count() == 1; }));
+        QList<int> statuses;
+        for (const auto& args : status)
+            statuses.append(args[0].value<ConnStatus>());
+        ASSERT_EQ(statuses.mid(0, 2), (QList<int>{ConnStatusConnected, ConnStatusSocketError}));
+        EXPECT_EQ(statuses.count(ConnStatusSocketError), 1) << statuses.size();
+        ASSERT_EQ(offline.count(), 1);
+        EXPECT_EQ(offline[0][1].value<DevStatus>(), DevStatusOffline);
+        EXPECT_EQ(frames.count(), 0);
+        EXPECT_FALSE(channel.isReady());
+        EXPECT_EQ(countLines(QStringLiteral("[error] [vms_client_sdk:]    message socket read bad "
+                                            "frame from dgw, %1; connection closed")
+                                 .arg(QLatin1String(row.failure))),
+                  1);
+        EXPECT_TRUE(
+            vms_test::waitFor([&] { return peer->state() == QLocalSocket::UnconnectedState; }));
+    }
 }
 
 } // namespace

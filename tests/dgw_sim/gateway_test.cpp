@@ -87,6 +87,43 @@ TEST_F(Gateway, KeepsRunningForTheNextClientWhenItsClientLeaves)
     EXPECT_EQ(sim.process().state(), QProcess::Running);
 }
 
+TEST_F(Gateway, DropsAClientWhoseFrameItCannotReadAndServesTheNext)
+{
+    struct Row
+    {
+        const char* name;
+        QByteArray header;
+        const char* logged;
+    };
+    const Row rows[] = {
+        {"4 GiB payload",
+         QByteArray("\0\0\0\0\xff\xff\xff\xff"
+                    "\x14"
+                    "\xff\xff\xff\xfe",
+                    13),
+         "bad frame, payload size 4294967294 over the limit 67108864; client dropped"},
+        {"length not the payload size + 1",
+         QByteArray("\0\0\0\0\0\0\0\x09"
+                    "\x14"
+                    "\0\0\0\x02"
+                    "ab",
+                    15),
+         "bad frame, length 9 does not match payload size 2; client dropped"},
+    };
+    SimProcess& sim = startSim();
+    for (const Row& row : rows) {
+        ASSERT_TRUE(sim.connectClient()) << row.name;
+        sim.socket().write(row.header + FrameCodec::encode(InitDgwReq, QByteArray()));
+        sim.socket().flush();
+        ASSERT_TRUE(sim.waitForDisconnected()) << row.name;
+        EXPECT_TRUE(sim.log().contains(QLatin1String(row.logged))) << row.name;
+        EXPECT_FALSE(sim.log().contains(QLatin1String("<- "))) << row.name; // nothing was read
+        sim.disconnectClient();
+    }
+    ASSERT_TRUE(sim.connectClient());
+    EXPECT_TRUE(sim.initialise());
+}
+
 TEST_F(Gateway, ExitsWhenLeftWithoutClientsIfConfiguredTo)
 {
     SimProcess& sim = startSim(R"({"idleExitMs": 50})");

@@ -10,12 +10,16 @@
 
 #include "vms_message.pb.h"
 
+#include <QElapsedTimer>
 #include <QRegularExpression>
 #include <QSignalSpy>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
 #include <memory>
+
+#include <unistd.h>
 
 using namespace vms_sdk;
 using vms_test::FakeGateway;
@@ -82,12 +86,14 @@ protected:
     }
 
     // A fresh manager with no gateways; the previous one and its fakes are gone.
-    void makeManager()
+    void makeManager(MultiDgwMgrTiming timing = fastTiming)
     {
         owner = std::make_unique<QObject>();
         starts.clear();
+        startTimes.clear();
+        clock.start();
         fakes.clear();
-        manager = new MultiDgwMgr(fastTiming, owner.get());
+        manager = new MultiDgwMgr(timing, owner.get());
         manager->setProcessStarter([this](const QString& program, const QStringList& args) {
             return start(program, args);
         });
@@ -97,6 +103,7 @@ protected:
     bool start(const QString& program, const QStringList& args)
     {
         starts.append(args);
+        startTimes.append(clock.elapsed());
         if (program == QLatin1String("missing"))
             return false;
         FakeGateway*& fake = fakes[args.value(1)];
@@ -141,6 +148,8 @@ protected:
     QString logPath;
     MultiDgwMgr* manager = nullptr;
     QList<QStringList> starts;
+    QList<qint64> startTimes; // ms on `clock`, one per start
+    QElapsedTimer clock;
     QHash<QString, FakeGateway*> fakes;
     int initAnswerCode = 0;
 };
@@ -158,11 +167,14 @@ TEST_F(MultiDgwMgrTest, StartsOneGatewayPerHundredDevicesWithinOneAndThirtyTwo)
         prepare(row.devsCnt);
         ASSERT_EQ(manager->gateways().size(), row.gateways) << row.devsCnt << " devices";
         ASSERT_EQ(starts.size(), row.gateways);
-        const QRegularExpression hex32(QStringLiteral("^[0-9a-f]{32}$"));
+        // Unique names inside the private folder (see the test main for where it is).
+        const QRegularExpression privatePath(
+            QRegularExpression::escape(qEnvironmentVariable("XDG_RUNTIME_DIR")) +
+            QStringLiteral("/vms_sdk/[0-9a-f]{32}$"));
         for (int i = 0; i < row.gateways; ++i) {
             ASSERT_EQ(starts[i].size(), 3);
             EXPECT_EQ(starts[i][0], QStringLiteral("vms_dgw.exe_%1").arg(i));
-            EXPECT_TRUE(hex32.match(starts[i][1]).hasMatch()) << starts[i][1].toStdString();
+            EXPECT_TRUE(privatePath.match(starts[i][1]).hasMatch()) << starts[i][1].toStdString();
             EXPECT_EQ(starts[i][2], starts[i][1] + QStringLiteral("_stream"));
         }
     }
@@ -406,6 +418,65 @@ TEST_F(MultiDgwMgrTest, ALostGatewayIsRestartedFourTimesThenGivenUp)
     }));
     EXPECT_FALSE(vms_test::waitFor([&] { return starts.size() > 5; }, 200));
     EXPECT_EQ(offline.count(), 8);
+}
+
+TEST_F(MultiDgwMgrTest, GatewaysLostCloseTogetherRestartEachADelayAfterItsOwnLossInLossOrder)
+{
+    // The second loss comes before the first restart is due: a wait stacked inside the first
+    // one would restart the second gateway first and hold the first one back behind it.
+    makeManager({.readinessPoll = 10, .restartDelay = 100, .channel = fastTiming.channel});
+    prepare(101);
+    const int before = starts.size();
+    const QString first = manager->gateways()[0]->serverName();
+    const QString second = manager->gateways()[1]->serverName();
+    qint64 lostAt[2] = {-1, -1};
+    lostAt[0] = clock.elapsed();
+    fake(0)->crash();
+    QTimer::singleShot(70, owner.get(), [&] {
+        lostAt[1] = clock.elapsed();
+        fake(1)->crash();
+    });
+    ASSERT_TRUE(vms_test::waitFor([&] { return starts.size() == before + 2; }));
+    EXPECT_EQ(starts[before].value(1), first);
+    EXPECT_EQ(starts[before + 1].value(1), second);
+    ASSERT_GE(lostAt[1], 0);
+    EXPECT_GE(startTimes[before] - lostAt[0], 100);
+    EXPECT_GE(startTimes[before + 1] - lostAt[1], 100);
+    EXPECT_LT(startTimes[before], startTimes[before + 1]);
+    // Both come back and are initialised again.
+    ASSERT_TRUE(vms_test::waitFor([&] {
+        return fake(0)->framesOfType(InitDgwReq).size() == 2 &&
+               fake(1)->framesOfType(InitDgwReq).size() == 2;
+    }));
+}
+
+TEST_F(MultiDgwMgrTest, AReleaseDuringTheRestartWaitStartsNothing)
+{
+    makeManager({.readinessPoll = 10, .restartDelay = 100, .channel = fastTiming.channel});
+    prepare(1);
+    QSignalSpy offline(ClientSignals::instance(), &ClientSignals::signalDgwAbnormal);
+    fake(0)->crash();
+    ASSERT_TRUE(vms_test::waitFor([&] { return offline.count() == 1; }));
+    release_vms_client_sdk();
+    EXPECT_FALSE(vms_test::waitFor([&] { return starts.size() > 1; }, 300));
+}
+
+TEST_F(MultiDgwMgrTest, AGatewayOfAnotherUserGetsNeitherHelloNorCredentials)
+{
+    // Another user cannot be had in a test: expecting a user we are not makes us the stranger.
+    MultiDgwMgrTiming timing = fastTiming;
+    timing.channel.peerUser = qint64(::getuid()) + 1;
+    makeManager(timing);
+    QSignalSpy abnormal(ClientSignals::instance(), &ClientSignals::signalDgwAbnormal);
+    prepare_start_dgw_req(condition, QStringLiteral("vms_dgw_sim"), 1);
+    ASSERT_TRUE(vms_test::waitFor([&] { return !abnormal.isEmpty(); }));
+    EXPECT_EQ(abnormal[0][0].value<DgwAbnormal>(), DgwAbnormalSocketError);
+    // The loss is handled as any other: the gateway is started again, and refused again.
+    ASSERT_TRUE(vms_test::waitFor([&] { return starts.size() >= 2; }));
+    EXPECT_TRUE(fake(0)->frames().isEmpty());
+    EXPECT_GE(logCount(QStringLiteral("expected uid %1; connection closed").arg(::getuid() + 1)),
+              1);
+    EXPECT_EQ(logCount(QStringLiteral("init dgw req")), 0);
 }
 
 TEST_F(MultiDgwMgrTest, StartFailuresAndRefusalsAreReported)

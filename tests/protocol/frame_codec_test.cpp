@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 // SPDX-FileCopyrightText: the vms_client_sdk developers
 #include "support/chunk_device.h"
+#include "support/frame_limit_rows.h"
 
 #include "vms_protocol/frame_codec.h"
 
@@ -166,20 +167,56 @@ TEST(FrameReader, RandomChunkingOfALongStreamDeliversTheSameFramesInOrder)
     }
 }
 
-TEST(FrameReader, AHostileSizeFieldAllocatesOnlyWhatArrived)
+TEST(FrameReader, RefusesHeadersThatCannotBeOursAndReadsNothingAfterThem)
 {
-    QByteArray header = FrameCodec::encode(101, QByteArray());
-    header[9] = char(0xff);
-    header[10] = char(0xff);
-    header[11] = char(0xff);
-    header[12] = char(0xf0); // announces almost 4 GiB
-    ChunkDevice device;
-    device.feed(header + QByteArray(1000, 'x'));
+    // Each header is followed by a well-formed frame that must stay unread.
+    const QByteArray next = FrameCodec::encode(40, "next");
+    for (const vms_test::FrameLimitRow& row : vms_test::frameLimitRows()) {
+        ChunkDevice device;
+        device.feed(row.bytes + next);
+        FrameReader reader(vms_test::SmallFrameLimit);
+        const QList<Frame> frames = readAll(device, reader);
+        if (!row.failure) {
+            ASSERT_EQ(frames.size(), 2) << row.name;
+            EXPECT_EQ(frames[0].payload, row.bytes.mid(13)) << row.name;
+            EXPECT_EQ(frames[1].payload, "next") << row.name;
+            EXPECT_FALSE(reader.failed()) << row.name;
+            continue;
+        }
+        EXPECT_TRUE(frames.isEmpty()) << row.name;
+        EXPECT_TRUE(reader.failed()) << row.name;
+        EXPECT_EQ(reader.failure(), QLatin1String(row.failure)) << row.name;
+        // Only the header was taken, nothing was reserved for the payload, and the reader
+        // stays shut however often it is called.
+        EXPECT_EQ(device.bytesAvailable(), row.bytes.size() - 13 + next.size()) << row.name;
+        EXPECT_LT(reader.bufferCapacity(), 64) << row.name;
+        Frame frame;
+        EXPECT_FALSE(reader.read(device, frame)) << row.name;
+        EXPECT_EQ(device.bytesAvailable(), row.bytes.size() - 13 + next.size()) << row.name;
+
+        // A reset (a new connection) reads frames again under the same limit.
+        reader.reset();
+        ChunkDevice fresh;
+        fresh.feed(next);
+        EXPECT_TRUE(reader.read(fresh, frame)) << row.name;
+        EXPECT_EQ(reader.maxPayload(), 16);
+    }
+}
+
+TEST(FrameReader, TheDefaultLimitIsSixtyFourMebibytesAndALargeSizeAllocatesOnlyWhatArrived)
+{
     FrameReader reader;
+    EXPECT_EQ(reader.maxPayload(), 64 * 1024 * 1024);
+    // 64 MiB announced, 1000 bytes sent: the buffer follows the bytes, not the announcement.
+    ChunkDevice device;
+    device.feed(QByteArray("\0\0\0\0\x04\0\0\x01"
+                           "\x66"
+                           "\x04\0\0\0",
+                           13) +
+                QByteArray(1000, 'x'));
     Frame frame;
     EXPECT_FALSE(reader.read(device, frame));
-    EXPECT_EQ(reader.pendingLength(), 1);
+    EXPECT_FALSE(reader.failed());
     EXPECT_EQ(device.bytesAvailable(), 0);
-    // The reader is still waiting for the rest; nothing forced a huge buffer into existence.
-    EXPECT_FALSE(reader.read(device, frame));
+    EXPECT_LE(reader.bufferCapacity(), 64 * 1024);
 }

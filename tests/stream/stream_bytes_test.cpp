@@ -4,11 +4,14 @@
 // The stream sockets against a stream server inside the test process: the exact bytes the
 // library sends, what it makes of the bytes it receives, and the ids it ignores.
 #include "support/fake_gateway.h"
+#include "support/frame_limit_rows.h"
 #include "support/test_support.h"
 
 #include <vms_sdk/vms_client_sdk.h>
 
+#include "vms_kit/vms_kit.h"
 #include "vms_sdk/gateway/multi_dgw_mgr.h"
+#include "vms_sdk/stream/stream_socket.h"
 #include "vms_sdk/stream/stream_worker.h"
 
 #include <QLocalServer>
@@ -16,8 +19,11 @@
 #include <QPointer>
 #include <QSignalSpy>
 #include <QStandardPaths>
+#include <QUuid>
 
 #include <gtest/gtest.h>
+
+#include <unistd.h>
 
 using namespace vms_sdk;
 
@@ -307,6 +313,18 @@ TEST_F(StreamBytesTest, AStreamEndsWithAnEventWhenItsSocketDoes)
              return id;
          },
          StreamEventDisconnected},
+        {"the gateway announces a 4 GiB frame",
+         [this] {
+             const StreamId id = openLive();
+             client->write(QByteArray("\0\0\0\0\xff\xff\xff\xff"
+                                      "\x64"
+                                      "\xff\xff\xff\xfe",
+                                      13) +
+                           QByteArray(100, 'x'));
+             client->flush();
+             return id;
+         },
+         StreamEventDisconnected},
         {"no gateway manages the device",
          [] {
              return connect_live_video_req({.channelId = {.devId = "nobody", .channelIndex = 1}});
@@ -322,6 +340,71 @@ TEST_F(StreamBytesTest, AStreamEndsWithAnEventWhenItsSocketDoes)
         EXPECT_EQ(events.at(0).at(1).value<StreamEvent>(), row.event);
         EXPECT_FALSE(StreamWorker::instance()->contains(id));
     }
+}
+
+TEST(StreamSocketLimit, ARefusedFrameFailsTheStreamAsASocketErrorAndNothingAfterItArrives)
+{
+    ClientSignals::instance(); // registers the stream id's type for the spies
+    const QString logPath = vms_test::openTestLog();
+    const QByteArray next = FrameCodec::encode(StreamData, "next");
+    for (const vms_test::FrameLimitRow& row : vms_test::frameLimitRows()) {
+        SCOPED_TRACE(row.name);
+        QLocalServer server;
+        ASSERT_TRUE(server.listen(QUuid::createUuid().toString(QUuid::Id128)));
+        StreamSocket stream(7, LiveVideoConnCondition{.channelId = cam1}, nullptr,
+                            {.maxPayload = vms_test::SmallFrameLimit});
+        QSignalSpy frames(&stream, &StreamSocket::signalMessageComing);
+        QSignalSpy status(&stream, &StreamSocket::signalConnectStatus);
+        stream.open(server.fullServerName());
+        ASSERT_TRUE(vms_test::waitFor([&] { return server.hasPendingConnections(); }));
+        std::unique_ptr<QLocalSocket> peer(server.nextPendingConnection());
+        peer->write(row.bytes + next);
+        peer->flush();
+        if (!row.failure) {
+            ASSERT_TRUE(vms_test::waitFor([&] { return frames.count() == 2; }));
+            EXPECT_EQ(frames[1][2].toByteArray(), "next");
+            EXPECT_EQ(status.count(), 0);
+            continue;
+        }
+        ASSERT_TRUE(vms_test::waitFor([&] { return status.count() > 0; }));
+        EXPECT_EQ(status[0][0].value<StreamId>(), StreamId(7));
+        EXPECT_EQ(status[0][1].value<ConnStatus>(), ConnStatusSocketError);
+        EXPECT_EQ(frames.count(), 0);
+        int logged = 0;
+        for (const QString& line : vms_test::readLines(logPath)) {
+            logged += line.endsWith(QStringLiteral("[error] [vms_client_sdk:]    client stream "
+                                                   "socket read bad frame, stream_id: 7; %1")
+                                        .arg(QLatin1String(row.failure)));
+        }
+        EXPECT_EQ(logged, 1);
+    }
+    vms_kit::release_vms_log();
+}
+
+TEST(StreamSocketLimit, AStreamServerOfAnotherUserGetsNoStartRequest)
+{
+    ClientSignals::instance(); // registers the stream id's type for the spies
+    const QString logPath = vms_test::openTestLog();
+    QLocalServer server;
+    ASSERT_TRUE(server.listen(QUuid::createUuid().toString(QUuid::Id128)));
+    // Another user cannot be had in a test: expecting a user we are not makes us the stranger.
+    StreamSocket stream(8, LiveVideoConnCondition{.channelId = cam1}, nullptr,
+                        {.peerUser = qint64(::getuid()) + 1});
+    QSignalSpy status(&stream, &StreamSocket::signalConnectStatus);
+    stream.open(server.fullServerName());
+    ASSERT_TRUE(vms_test::waitFor([&] { return status.count() > 0; }));
+    EXPECT_EQ(status[0][1].value<ConnStatus>(), ConnStatusSocketError);
+    ASSERT_TRUE(vms_test::waitFor([&] { return server.hasPendingConnections(); }));
+    std::unique_ptr<QLocalSocket> peer(server.nextPendingConnection());
+    EXPECT_TRUE(vms_test::waitFor([&] { return peer->state() == QLocalSocket::UnconnectedState; }));
+    EXPECT_EQ(peer->readAll(), QByteArray());
+    int logged = 0;
+    for (const QString& line : vms_test::readLines(logPath)) {
+        logged += line.contains(
+            QStringLiteral("client stream socket peer is not our dgw, stream_id: 8; peer pid "));
+    }
+    EXPECT_EQ(logged, 1);
+    vms_kit::release_vms_log();
 }
 
 } // namespace

@@ -19,6 +19,8 @@ FakeGateway::FakeGateway(const QStringList& arguments, QObject* parent)
 
 bool FakeGateway::start()
 {
+    // Started again while still listening: a restart after a refusal rather than a crash.
+    m_server.close();
     QLocalServer::removeServer(serverName());
     return m_server.listen(serverName());
 }

@@ -23,6 +23,8 @@ constexpr int MaxRestarts = 4;
 MessageSocket::MessageSocket(QObject* parent, MessageSocketTiming timing)
     : QObject(parent)
     , m_socket(new QLocalSocket(this))
+    , m_reader(timing.maxPayload)
+    , m_peerUser(timing.peerUser)
     , m_retryCounter(new TimeCount(timing.retryInterval, timing.retryCount, this))
 {
     connect(m_socket, &QLocalSocket::connected, this, &MessageSocket::slotConnected);
@@ -83,6 +85,11 @@ void MessageSocket::slotConnected()
 {
     // Whatever a previous connection left half-read belongs to a gateway that is gone.
     m_reader.reset();
+    const QString stranger = peer_check::mismatch(*m_socket, m_peerUser);
+    if (!stranger.isEmpty()) {
+        dropConnection(QStringLiteral("message socket peer is not our dgw, %1").arg(stranger));
+        return;
+    }
     log::info(QStringLiteral("message socket connected to dgw"));
     sendMessage(ClientHelloCmd, QByteArray());
     Q_EMIT signalConnectStatus(ConnStatusConnected);
@@ -110,6 +117,21 @@ void MessageSocket::slotReadyRead()
     Frame frame;
     while (self && m_socket->isValid() && m_reader.read(*m_socket, frame))
         Q_EMIT signalMessageComing(MessageType(frame.type), frame.payload);
+    if (self && m_reader.failed()) {
+        dropConnection(
+            QStringLiteral("message socket read bad frame from dgw, %1").arg(m_reader.failure()));
+    }
+}
+
+void MessageSocket::dropConnection(const QString& why)
+{
+    log::error(why + QStringLiteral("; connection closed"));
+    m_ready = false;
+    QPointer<MessageSocket> self(this);
+    Q_EMIT signalConnectStatus(ConnStatusSocketError);
+    // The disconnect that follows runs the usual loss handling: offline pushes, a restart.
+    if (self)
+        m_socket->abort();
 }
 
 void MessageSocket::slotError(QLocalSocket::LocalSocketError socketError)

@@ -7,6 +7,7 @@
 
 #include "vms_protocol/frame_codec.h"
 #include "vms_protocol/message_type.h"
+#include "vms_sdk/channel/peer_check.h"
 
 #include <QLocalSocket>
 #include <QMap>
@@ -20,6 +21,8 @@ struct MessageSocketTiming
 {
     int retryInterval = 1000; // ms between connection attempts
     int retryCount = 30;      // attempts before the channel reports a time-out
+    qint64 maxPayload = FrameCodec::DefaultMaxPayload; // larger frames drop the connection
+    qint64 peerUser = peer_check::OwnUser;             // the user the gateway must run as
 };
 
 // The message channel to one gateway process.
@@ -30,6 +33,8 @@ struct MessageSocketTiming
 // gateway's positive answer (type 2) makes the channel ready. Every other incoming frame
 // goes to the hub. A lost connection reports the gateway's devices offline and asks the
 // manager for a new gateway process, four times; from the fifth loss on it only gives up.
+// A peer that does not run as our user, and a frame the reader refuses, end the connection as
+// a socket error (nothing is sent to such a peer), and the loss is handled like any other.
 class MessageSocket : public QObject
 {
     Q_OBJECT
@@ -70,9 +75,12 @@ private Q_SLOTS:
     void slotHandleMessage(vms_sdk::MessageType msgType, const QByteArray& message);
 
 private:
+    void dropConnection(const QString& why);
+
     QMap<QString, DevInfo> m_devices;
     QLocalSocket* m_socket;
     FrameReader m_reader;
+    qint64 m_peerUser;
     TimeCount* m_retryCounter;
     QString m_serverName;
     QString m_dgwName;

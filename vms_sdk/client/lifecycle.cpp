@@ -21,6 +21,7 @@ bool initialised = false;
 
 void init_vms_client_sdk()
 {
+    log::routeProtobufLog();
     if (!initialised) {
         const QString path = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
                              QStringLiteral("/vms.client.log");
@@ -38,6 +39,7 @@ void init_vms_client_sdk()
 void release_vms_client_sdk()
 {
     log::info(QStringLiteral("release vms client sdk"));
+    log::restoreProtobufLog();
     vms_kit::release_vms_log();
     // After the log is closed, so that shutting the gateways down leaves no line behind.
     Q_EMIT MessageSignals::instance()->signalReleaseClientSdk();

@@ -4,7 +4,28 @@
 
 #include "vms_kit/vms_kit.h"
 
+#include <google/protobuf/stubs/logging.h>
+
 namespace vms_sdk::log {
+namespace {
+
+google::protobuf::LogHandler* previousHandler = nullptr;
+bool routed = false;
+
+void protobufLine(google::protobuf::LogLevel level, const char* filename, int line,
+                  const std::string& message)
+{
+    Q_UNUSED(filename)
+    Q_UNUSED(line)
+    const QString text = QStringLiteral("protobuf log: %1")
+                             .arg(QString::fromUtf8(message.data(), int(message.size())));
+    if (level >= google::protobuf::LOGLEVEL_ERROR)
+        error(text);
+    else
+        info(text);
+}
+
+} // namespace
 
 QString tag()
 {
@@ -24,6 +45,22 @@ void error(const QString& text)
 void trace(const QString& text)
 {
     vms_kit::log_trace(text, tag());
+}
+
+void routeProtobufLog()
+{
+    if (routed)
+        return;
+    previousHandler = google::protobuf::SetLogHandler(&protobufLine);
+    routed = true;
+}
+
+void restoreProtobufLog()
+{
+    if (!routed)
+        return;
+    google::protobuf::SetLogHandler(previousHandler);
+    routed = false;
 }
 
 } // namespace vms_sdk::log

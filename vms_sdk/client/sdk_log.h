@@ -14,4 +14,9 @@ void info(const QString& text);
 void error(const QString& text);
 void trace(const QString& text);
 
+// Sends what the message library would print on the application's stderr to our log instead,
+// from init to release; release puts back whatever handler was there before.
+void routeProtobufLog();
+void restoreProtobufLog();
+
 } // namespace vms_sdk::log

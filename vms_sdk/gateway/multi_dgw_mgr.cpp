@@ -6,12 +6,11 @@
 
 #include "vms_sdk/client/message_signals.h"
 #include "vms_sdk/client/sdk_log.h"
+#include "vms_sdk/gateway/private_names.h"
 #include "vms_sdk/request/conversions/device_conversions.h"
 
 #include "vms_message.pb.h"
 
-#include <QEventLoop>
-#include <QPointer>
 #include <QProcess>
 #include <QTimer>
 #include <QUuid>
@@ -126,8 +125,8 @@ MessageSocket* MultiDgwMgr::startGateway()
     }
     auto* gateway = new MessageSocket(this, m_timing.channel);
     gateway->setDgwName(processName(index));
-    gateway->setServerName(QUuid::createUuid().toString(QUuid::Id128));
-    if (!startProcess(gateway)) {
+    gateway->setServerName(private_names::serverName(QUuid::createUuid().toString(QUuid::Id128)));
+    if (gateway->serverName().isEmpty() || !startProcess(gateway)) {
         delete gateway;
         Q_EMIT ClientSignals::instance()->signalDgwAbnormal(DgwAbnormalStartFailed);
         return nullptr;
@@ -185,12 +184,16 @@ void MultiDgwMgr::onGatewayLost(MessageSocket* gateway)
 {
     if (m_exiting)
         return;
-    // Other events go on being served while the old process finishes dying.
-    QPointer<MessageSocket> guard(gateway);
-    QEventLoop wait;
-    QTimer::singleShot(m_timing.restartDelay, &wait, &QEventLoop::quit);
-    wait.exec();
-    if (!guard || m_exiting)
+    // Each lost gateway waits on a timer of its own, owned by its channel: losses close
+    // together neither delay nor reorder each other's restarts, and the event loop goes on
+    // serving everything else while the old process finishes dying.
+    QTimer::singleShot(m_timing.restartDelay, gateway,
+                       [this, gateway] { restartGateway(gateway); });
+}
+
+void MultiDgwMgr::restartGateway(MessageSocket* gateway)
+{
+    if (m_exiting)
         return;
     if (!startProcess(gateway)) {
         Q_EMIT ClientSignals::instance()->signalDgwAbnormal(DgwAbnormalStartFailed);

@@ -75,6 +75,7 @@ private:
     void onConnectStatus(MessageSocket* gateway, vms_sdk::ConnStatus status);
     void onGatewayReady(MessageSocket* gateway);
     void onGatewayLost(MessageSocket* gateway);
+    void restartGateway(MessageSocket* gateway);
     void sendDeviceSet(MessageSocket* gateway);
     MessageSocket* gatewayOf(const QString& devId) const;
     // Splits device ids by the gateway that manages them, in gateway order.

@@ -50,11 +50,14 @@ StartRequest startRequest(const StreamSocket::Condition& condition)
 
 } // namespace
 
-StreamSocket::StreamSocket(StreamId streamId, Condition condition, QObject* parent)
+StreamSocket::StreamSocket(StreamId streamId, Condition condition, QObject* parent,
+                           StreamSocketLimits limits)
     : QObject(parent)
     , m_streamId(streamId)
     , m_condition(std::move(condition))
     , m_socket(new QLocalSocket(this))
+    , m_reader(limits.maxPayload)
+    , m_peerUser(limits.peerUser)
 {
     connect(m_socket, &QLocalSocket::connected, this, &StreamSocket::slotConnected);
     connect(m_socket, &QLocalSocket::disconnected, this, &StreamSocket::slotDisconnected);
@@ -82,6 +85,13 @@ void StreamSocket::sendMessage(MessageType type, const QByteArray& payload)
 
 void StreamSocket::slotConnected()
 {
+    const QString stranger = peer_check::mismatch(*m_socket, m_peerUser);
+    if (!stranger.isEmpty()) {
+        dropConnection(QStringLiteral("client stream socket peer is not our dgw, stream_id: %1; %2")
+                           .arg(m_streamId)
+                           .arg(stranger));
+        return;
+    }
     log::info(QStringLiteral("client stream socket connected, stream_id: %1").arg(m_streamId));
     const StartRequest start = startRequest(m_condition);
     sendMessage(start.type, start.payload);
@@ -101,6 +111,20 @@ void StreamSocket::slotReadyRead()
     Frame frame;
     while (self && m_socket->isValid() && m_reader.read(*m_socket, frame))
         Q_EMIT signalMessageComing(m_streamId, MessageType(frame.type), frame.payload);
+    if (self && m_reader.failed()) {
+        dropConnection(QStringLiteral("client stream socket read bad frame, stream_id: %1; %2")
+                           .arg(m_streamId)
+                           .arg(m_reader.failure()));
+    }
+}
+
+void StreamSocket::dropConnection(const QString& why)
+{
+    log::error(why);
+    QPointer<StreamSocket> self(this);
+    Q_EMIT signalConnectStatus(m_streamId, ConnStatusSocketError);
+    if (self)
+        m_socket->abort();
 }
 
 void StreamSocket::slotError(QLocalSocket::LocalSocketError socketError)

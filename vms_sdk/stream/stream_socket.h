@@ -7,6 +7,7 @@
 
 #include "vms_protocol/frame_codec.h"
 #include "vms_protocol/message_type.h"
+#include "vms_sdk/channel/peer_check.h"
 
 #include <QLocalSocket>
 #include <QObject>
@@ -15,13 +16,20 @@
 
 namespace vms_sdk {
 
+struct StreamSocketLimits
+{
+    qint64 maxPayload = FrameCodec::DefaultMaxPayload; // larger frames end the stream
+    qint64 peerUser = peer_check::OwnUser;             // the user the gateway must run as
+};
+
 // One live or playback stream: a socket of its own to the stream server of the gateway that
 // manages the stream's device.
 //
 // The socket carries the stream's start request (sent as soon as it connects) and its control
 // requests one way, and media, stream events and playback progress the other, in the frames of
 // the message channel. A stream is never reconnected: when its socket fails or closes the
-// stream is over, and the worker tells the application so.
+// stream is over, and the worker tells the application so. A peer that does not run as our
+// user (it gets no start request) and a frame the reader refuses fail the socket the same way.
 class StreamSocket : public QObject
 {
     Q_OBJECT
@@ -31,7 +39,8 @@ public:
     using Condition =
         std::variant<LiveVideoConnCondition, PlaybackByFileCondition, PlaybackByTimeCondition>;
 
-    StreamSocket(StreamId streamId, Condition condition, QObject* parent = nullptr);
+    StreamSocket(StreamId streamId, Condition condition, QObject* parent = nullptr,
+                 StreamSocketLimits limits = {});
 
     // Connects to the gateway's stream server; an empty name fails as a socket error.
     void open(const QString& serverName);
@@ -54,10 +63,13 @@ private Q_SLOTS:
     void slotError(QLocalSocket::LocalSocketError socketError);
 
 private:
+    void dropConnection(const QString& why);
+
     const StreamId m_streamId;
     const Condition m_condition;
     QLocalSocket* m_socket;
     FrameReader m_reader;
+    qint64 m_peerUser;
 };
 
 } // namespace vms_sdk
