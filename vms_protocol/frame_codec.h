@@ -44,6 +44,12 @@ public:
     // complete; returns false while bytes are missing (call again on the next readyRead).
     bool read(QIODevice& device, Frame& frame);
 
+    // Takes back a payload the caller is done with. When nothing else holds it, its buffer
+    // takes a later payload that fits it, so a steady stream fills one buffer over and over
+    // instead of having the allocator hand out, and give back to the system, a fresh one for
+    // every frame.
+    void recycle(QByteArray& payload);
+
     // The length field of the frame in progress; 0 while it has not been read.
     qint64 pendingLength() const { return m_pendingLength; }
     void reset();
@@ -59,6 +65,7 @@ private:
     qint64 m_payloadSize = 0;
     qint64 m_payloadFilled = 0;
     QByteArray m_payload;
+    QByteArray m_spare;
 };
 
 } // namespace vms_sdk

@@ -99,8 +99,11 @@ void StreamSocket::slotReadyRead()
     // event loop, or disconnect it at once.
     QPointer<StreamSocket> self(this);
     Frame frame;
-    while (self && m_socket->isValid() && m_reader.read(*m_socket, frame))
+    while (self && m_socket->isValid() && m_reader.read(*m_socket, frame)) {
         Q_EMIT signalMessageComing(m_streamId, MessageType(frame.type), frame.payload);
+        if (self)
+            m_reader.recycle(frame.payload);
+    }
 }
 
 void StreamSocket::slotError(QLocalSocket::LocalSocketError socketError)
