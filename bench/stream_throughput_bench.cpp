@@ -233,11 +233,14 @@ void libraryStream(benchmark::State& state, size_t size)
 {
     ByteCounter counter;
     StreamId stream = 0;
+    bool wrongSize = false;
     QObject context;
     QObject::connect(ClientSignals::instance(), &ClientSignals::signalStreamData, &context,
                      [&](StreamId id, const QByteArray& data) {
-                         if (id == stream)
-                             counter.add(data.size());
+                         if (id != stream)
+                             return;
+                         counter.add(data.size());
+                         wrongSize = wrongSize || data.size() != FrameSizes[size];
                      });
     measure(
         state, counter,
@@ -247,6 +250,9 @@ void libraryStream(benchmark::State& state, size_t size)
             return true;
         },
         [&] { disconnect_stream_req(stream); });
+    // A stream from another gateway than the one of this size would measure another size.
+    if (wrongSize)
+        state.SkipWithError("frames of another size arrived");
 }
 
 void rawStream(benchmark::State& state, size_t size)
