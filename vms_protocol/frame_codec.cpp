@@ -44,6 +44,14 @@ void FrameReader::reset()
     m_payload = QByteArray();
 }
 
+void FrameReader::recycle(QByteArray& payload)
+{
+    // A receiver that kept the frame shares the buffer: it stays theirs.
+    if (payload.isDetached())
+        m_spare.swap(payload);
+    payload.clear();
+}
+
 bool FrameReader::read(QIODevice& device, Frame& frame)
 {
     if (failed())
@@ -87,7 +95,13 @@ bool FrameReader::readHeader(QIODevice& device)
         m_payload = QByteArray();
     } else {
         m_payloadSize = size;
-        m_payload = QByteArray("");
+        // Not a spare much larger than the payload: a receiver that keeps the frame would keep
+        // mostly unused memory.
+        if (size > 0 && m_spare.capacity() >= qint64(size) &&
+            m_spare.capacity() / 2 <= qint64(size))
+            m_payload.swap(m_spare);
+        else
+            m_payload = QByteArray("");
     }
     m_payloadFilled = 0;
     return true;

@@ -67,6 +67,12 @@ public:
     // What the payload buffer of the frame in progress has reserved so far.
     qint64 bufferCapacity() const { return m_payload.capacity(); }
 
+    // Takes back a payload the caller is done with. When nothing else holds it, its buffer
+    // takes a later payload that fits it, so a steady stream fills one buffer over and over
+    // instead of having the allocator hand out, and give back to the system, a fresh one for
+    // every frame.
+    void recycle(QByteArray& payload);
+
     // The length field of the frame in progress; 0 while it has not been read.
     qint64 pendingLength() const { return m_pendingLength; }
     // Forgets the frame in progress and a refusal; the limit stays.
@@ -86,6 +92,7 @@ private:
     qint64 m_payloadSize = 0;
     qint64 m_payloadFilled = 0;
     QByteArray m_payload;
+    QByteArray m_spare;
 };
 
 } // namespace vms_sdk

@@ -220,3 +220,46 @@ TEST(FrameReader, TheDefaultLimitIsSixtyFourMebibytesAndALargeSizeAllocatesOnlyW
     EXPECT_EQ(device.bytesAvailable(), 0);
     EXPECT_LE(reader.bufferCapacity(), 64 * 1024);
 }
+
+TEST(FrameReader, ARecycledPayloadIsReusedOnlyWhenNobodyKeptItAndItFits)
+{
+    struct Row
+    {
+        const char* name;
+        bool receiverKeepsIt;
+        int nextSize;
+        bool reused;
+    };
+    const Row rows[] = {
+        {"dropped, same size", false, 4096, true},
+        {"dropped, a little smaller", false, 3000, true},
+        {"kept by the receiver", true, 4096, false},
+        {"dropped, far smaller", false, 100, false},
+        {"dropped, larger", false, 8192, false},
+        {"dropped, empty payload", false, 0, false},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        const QByteArray first(4096, 'a');
+        const QByteArray second(row.nextSize, 'b');
+        ChunkDevice device;
+        device.feed(FrameCodec::encode(102, first) + FrameCodec::encode(102, second));
+        FrameReader reader;
+        Frame frame;
+        ASSERT_TRUE(reader.read(device, frame));
+        const char* firstBuffer = frame.payload.constData();
+        QByteArray kept;
+        if (row.receiverKeepsIt)
+            kept = frame.payload;
+        reader.recycle(frame.payload);
+        EXPECT_TRUE(frame.payload.isNull());
+
+        ASSERT_TRUE(reader.read(device, frame));
+        EXPECT_EQ(frame.payload, second);
+        EXPECT_FALSE(frame.payload.isNull());
+        EXPECT_EQ(frame.payload.constData() == firstBuffer, row.reused);
+        if (row.receiverKeepsIt) {
+            EXPECT_EQ(kept, first);
+        }
+    }
+}

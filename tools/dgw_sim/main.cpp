@@ -14,6 +14,10 @@
 #include <QCoreApplication>
 #include <QStringList>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 namespace {
 
 // Distinct from a crash fault's SIGABRT and from the clean exit's 0.
@@ -25,6 +29,13 @@ constexpr int ListenError = 3;
 int main(int argc, char** argv)
 {
     using namespace vms_dgw_sim;
+#ifdef __GLIBC__
+    // An unpaced stream of large frames allocates and frees a few frames' worth of memory per
+    // frame. Handed back to the system and faulted in again each time, it made the sender's
+    // pace depend on how its client happened to read.
+    mallopt(M_MMAP_THRESHOLD, 32 * 1024 * 1024);
+    mallopt(M_TRIM_THRESHOLD, 64 * 1024 * 1024);
+#endif
     QCoreApplication app(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() != 4 || arguments.at(1).isEmpty() || arguments.at(2).isEmpty() ||

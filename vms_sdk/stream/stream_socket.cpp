@@ -109,8 +109,11 @@ void StreamSocket::slotReadyRead()
     // event loop, or disconnect it at once.
     QPointer<StreamSocket> self(this);
     Frame frame;
-    while (self && m_socket->isValid() && m_reader.read(*m_socket, frame))
+    while (self && m_socket->isValid() && m_reader.read(*m_socket, frame)) {
         Q_EMIT signalMessageComing(m_streamId, MessageType(frame.type), frame.payload);
+        if (self)
+            m_reader.recycle(frame.payload);
+    }
     if (self && m_reader.failed()) {
         dropConnection(QStringLiteral("client stream socket read bad frame, stream_id: %1; %2")
                            .arg(m_streamId)
