@@ -6,36 +6,6 @@
 
 using namespace vms_sdk;
 
-TEST(MessageType, NumbersAndNamesOfTheCatalogue)
-{
-    struct Row
-    {
-        int number;
-        const char* name;
-    };
-    // Spot checks across the range, including the numbers shared by two directions.
-    const Row rows[] = {
-        {1, "InitDgwReq"},
-        {2, "InitDgwRes"},
-        {3, "ClientHelloCmd"},
-        {4, "DgwExitCmd"},
-        {17, "GetDevChannelsInfoCmd"},
-        {33, "DevNetSetRes"},
-        {36, "SetSaasTokenCmd"},
-        {37, "SaasLogoutCmd"},
-        {42, "DevInfoPush"},
-        {44, "DevTempUserCodePush"},
-        {72, "DevConfigRes"},
-        {100, "CommonReq"},
-        {101, "CommonRes"},
-        {102, "StreamData"},
-        {110, "PlaybackSpeedSetReq"},
-        {113, "FileTransferProgressPush"},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(messageTypeName(row.number), QLatin1String(row.name)) << row.number;
-}
-
 TEST(MessageType, EveryNumberFrom1To113ButTheReservedOnesHasAName)
 {
     int named = 0;
