@@ -115,43 +115,6 @@ protected:
     QHash<int, QStringList> pushedOnline;
 };
 
-TEST_F(GatewayProcessTest, OneProcessPerHundredDevices)
-{
-    struct Row
-    {
-        int devsCnt;
-        int processes;
-    };
-    for (const Row& row : {Row{0, 1}, Row{100, 1}, Row{101, 2}, Row{5000, 32}}) {
-        TearDown();
-        starts.clear();
-        SetUp();
-        ASSERT_TRUE(prepare(row.devsCnt)) << row.devsCnt;
-        ASSERT_EQ(starts.size(), row.processes) << row.devsCnt;
-        for (const auto& start : std::as_const(starts))
-            EXPECT_TRUE(isRunning(start.second));
-    }
-}
-
-TEST_F(GatewayProcessTest, ManagedDevicesAreSpreadAHundredPerGatewayInIdOrder)
-{
-    ASSERT_TRUE(prepare(250));
-    watchStatusPushes();
-    const QList<DevInfo> devs = devices(250);
-    set_managed_devs_cmd(devs);
-    ASSERT_TRUE(vms_test::waitFor([&] {
-        return pushedOnline[0].size() == 100 && pushedOnline[1].size() == 100 &&
-               pushedOnline[2].size() == 50;
-    }));
-    for (int g = 0; g < 3; ++g) {
-        QStringList expected;
-        for (const DevInfo& dev : devs.mid(100 * g, 100))
-            expected.append(dev.id);
-        std::sort(expected.begin(), expected.end());
-        EXPECT_EQ(pushedOnline[g], expected) << "gateway " << g;
-    }
-}
-
 TEST_F(GatewayProcessTest, AKilledGatewayComesBackFourTimesThenIsGivenUp)
 {
     ASSERT_TRUE(prepare(1));

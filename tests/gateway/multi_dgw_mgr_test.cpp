@@ -314,16 +314,15 @@ TEST_F(MultiDgwMgrTest, DeviceCommandsAreSplitPerGatewayAndLogged)
         MessageType type;
         const char* log;
     };
+    // clang-format off
     const Row rows[] = {
         {"reboot", [&] { reboot_devs_cmd(ids); }, RebootDevsCmd, nullptr},
-        {"reconnect", [&] { reconnect_devs_cmd(ids); }, ReconnectDevsCmd,
-         "client cmd reconnect devices"},
-        {"time", [&] { set_devs_time_cmd(ids, QStringLiteral("2026-11-22 10:00:00")); },
-         DevTimingCmd, "client cmd set devices time"},
+        {"reconnect", [&] { reconnect_devs_cmd(ids); }, ReconnectDevsCmd, "client cmd reconnect devices"},
+        {"time", [&] { set_devs_time_cmd(ids, QStringLiteral("2026-11-22 10:00:00")); }, DevTimingCmd, "client cmd set devices time"},
         {"restore", [&] { restore_factory_cmd(ids, true); }, RestoreFactoryCmd, nullptr},
-        {"delete", [&] { del_managed_devs_cmd(ids); }, DelManagedDevsCmd,
-         "client cmd delete managed devices from dgw"},
+        {"delete", [&] { del_managed_devs_cmd(ids); }, DelManagedDevsCmd, "client cmd delete managed devices from dgw"},
     };
+    // clang-format on
     for (const Row& row : rows) {
         row.call();
         ASSERT_TRUE(vms_test::waitFor([&] {
