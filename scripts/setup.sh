@@ -5,7 +5,8 @@ set -euo pipefail
 
 packages=(
   build-essential cmake ninja-build ccache pkg-config clang-format
-  qtbase5-dev libqt5network5 
+  clang libclang-rt-14-dev
+  qtbase5-dev libqt5network5
   libprotobuf-dev protobuf-compiler
   libspdlog-dev libfmt-dev
   libgtest-dev libgmock-dev libbenchmark-dev

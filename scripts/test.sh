@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Builds and runs every test twice: an ordinary build, then the whole suite again with
-# AddressSanitizer and UndefinedBehaviorSanitizer. Installs what it needs first.
+# Builds and runs every test twice: an ordinary build, then the whole suite again built by
+# clang with AddressSanitizer and UndefinedBehaviorSanitizer, the fuzzers included (a short run
+# of each is a test there). Installs what it needs first.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 ./scripts/setup.sh
@@ -17,4 +18,5 @@ run_suite() {
 
 run_suite build
 ASAN_OPTIONS=detect_leaks=0:abort_on_error=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
-    run_suite build-asan -DVMS_SANITIZE=ON -DCMAKE_BUILD_TYPE=Debug
+    run_suite build-asan -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_C_COMPILER=clang \
+        -DVMS_SANITIZE=ON -DVMS_FUZZ=ON -DCMAKE_BUILD_TYPE=Debug

@@ -256,10 +256,10 @@ QJsonObject regionAttention(MethodCall& call, Outcome* outcome)
     *outcome = readPeriod(call, "start_time", "end_time", &range);
     if (outcome->ok() && (region < 1 || region > 3))
         *outcome = {NotFound, QStringLiteral("no counting region %1").arg(region)};
-    // The counts below divide by the region number.
-    if (!outcome->ok())
-        return {};
     QJsonArray list;
+    // The counts are shared out by region number: a refused request has none to divide by.
+    if (!outcome->ok())
+        return {{QStringLiteral("people_count_list"), list}};
     for (const TimeRange& period : countPeriods(range, call.text("count_type"))) {
         const int people = visitors(period, 10 + region) / region;
         const int stay = people * (40 + scatter(period.begin, 20 + region, 40)) / 100;
