@@ -8,6 +8,7 @@
 //
 // The sanitizer build runs the same cases with smaller numbers (VMS_RELIABILITY_LIGHT) so
 // that each stays within seconds on a small machine; the figures below say which is which.
+#include "support/sim_gateways.h"
 #include "support/test_support.h"
 
 #include <vms_sdk/vms_client_sdk.h>
@@ -111,40 +112,16 @@ protected:
     // managed. `timeoutMs` is the request time-out from the start.
     void start(const QByteArray& config, const QList<DevInfo>& devs, int timeoutMs = 60000)
     {
-        const QString path = vms_test::tempDir() + QStringLiteral("/reliability.json");
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(config);
-        file.close();
-        qputenv("VMS_DGW_SIM_CONFIG", path.toUtf8());
-
-        init_vms_client_sdk();
-        MessageHamal::instance()->requestMgr()->setTimeoutInterval(timeoutMs);
-        MultiDgwMgr::instance()->setProcessStarter(
-            [this](const QString& program, const QStringList& args) {
-                qint64 pid = 0;
-                const bool started = QProcess::startDetached(program, args, QString(), &pid);
-                pids.append(pid);
-                return started;
-            });
-        QSignalSpy ready(ClientSignals::instance(), &ClientSignals::signalPrepareStartDgwSuccess);
-        QSignalSpy status(ClientSignals::instance(), &ClientSignals::signalDevStatusPush);
-        prepare_start_dgw_req(InitDgwCondition{}, QStringLiteral(VMS_DGW_SIM_PATH),
-                              int(devs.size()));
-        ASSERT_TRUE(vms_test::waitFor([&] { return ready.count() == 1; }, 30000));
         lastDevId = devs.value(0).id;
-        set_managed_devs_cmd(devs);
-        ASSERT_TRUE(vms_test::waitFor([&] { return status.count() >= devs.size(); }, 30000));
+        gateways.start(QStringLiteral(VMS_DGW_SIM_PATH), config, devs, [timeoutMs] {
+            MessageHamal::instance()->requestMgr()->setTimeoutInterval(timeoutMs);
+        });
     }
 
     void TearDown() override
     {
         MessageHamal::instance()->requestMgr()->setTimeoutInterval(RequestMgr::DefaultTimeoutMs);
-        release_vms_client_sdk();
-        for (qint64 pid : std::as_const(pids)) {
-            if (pid > 0 && QFile::exists(QStringLiteral("/proc/%1").arg(pid)))
-                ::kill(pid_t(pid), SIGKILL);
-        }
+        gateways.stop();
     }
 
     // `count` get-net requests, spread over `devs` in turn; their ids.
@@ -167,7 +144,8 @@ protected:
         ASSERT_TRUE(vms_test::waitFor([&] { return endings.ended() == before + 1; }, 20000));
     }
 
-    QList<qint64> pids;
+    vms_test::SimGateways gateways;
+    QList<qint64>& pids = gateways.pids;
     QString lastDevId; // a managed device, asked last
 };
 

@@ -3,6 +3,7 @@
 
 // Streams end to end: the exported stream functions against simulator processes, watched
 // through ClientSignals as an application watches them.
+#include "support/sim_gateways.h"
 #include "support/test_support.h"
 
 #include <vms_sdk/vms_client_sdk.h>
@@ -181,29 +182,8 @@ protected:
     // Gateways enough for `devs` with `config` as their config file; the devices managed.
     void start(const QByteArray& config, const QList<DevInfo>& devs)
     {
-        const QString path = vms_test::tempDir() + QStringLiteral("/streams.json");
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(config);
-        file.close();
-        qputenv("VMS_DGW_SIM_CONFIG", path.toUtf8());
-
-        init_vms_client_sdk();
-        recorder = std::make_unique<StreamRecorder>();
-        MultiDgwMgr::instance()->setProcessStarter(
-            [this](const QString& program, const QStringList& args) {
-                qint64 pid = 0;
-                const bool started = QProcess::startDetached(program, args, QString(), &pid);
-                pids.append(pid);
-                return started;
-            });
-        QSignalSpy ready(ClientSignals::instance(), &ClientSignals::signalPrepareStartDgwSuccess);
-        QSignalSpy status(ClientSignals::instance(), &ClientSignals::signalDevStatusPush);
-        prepare_start_dgw_req(InitDgwCondition{}, QStringLiteral(VMS_DGW_SIM_PATH),
-                              int(devs.size()));
-        ASSERT_TRUE(vms_test::waitFor([&] { return ready.count() == 1; }, 30000));
-        set_managed_devs_cmd(devs);
-        ASSERT_TRUE(vms_test::waitFor([&] { return status.count() >= devs.size(); }, 30000));
+        gateways.start(QStringLiteral(VMS_DGW_SIM_PATH), config, devs,
+                       [this] { recorder = std::make_unique<StreamRecorder>(); });
     }
 
     void startWithCameras(const QByteArray& streams, const QByteArray& faults = "{}")
@@ -213,17 +193,11 @@ protected:
                DevInfo{.id = "ghost"}});
     }
 
-    void TearDown() override
-    {
-        release_vms_client_sdk();
-        for (qint64 pid : std::as_const(pids)) {
-            if (pid > 0 && QFile::exists(QStringLiteral("/proc/%1").arg(pid)))
-                ::kill(pid_t(pid), SIGKILL);
-        }
-    }
+    void TearDown() override { gateways.stop(); }
 
     std::unique_ptr<StreamRecorder> recorder;
-    QList<qint64> pids;
+    vms_test::SimGateways gateways;
+    QList<qint64>& pids = gateways.pids;
 };
 
 TEST_F(StreamSimTest, LiveFramesOfACameraArriveInOrderAndWhole)
