@@ -9,6 +9,8 @@ cd "$(dirname "$0")/.."
 jobs=$(nproc)
 # Paths relative to the checkout, so a fresh clone elsewhere still finds its objects in ccache.
 export CCACHE_BASEDIR="${CCACHE_BASEDIR:-$PWD}"
+# Debug information names the build folder; without this every clone would miss the cache.
+export CCACHE_NOHASHDIR="${CCACHE_NOHASHDIR:-1}"
 run_suite() {
     local dir=$1; shift
     cmake -S . -B "$dir" -G Ninja "$@" >/dev/null
