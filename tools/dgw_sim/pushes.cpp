@@ -268,11 +268,10 @@ QJsonObject entryOf(const ScheduledPush& push, int firing)
 QByteArray buildPush(const ScheduledPush& push, const DeviceModel& model, QString* error,
                      int firing)
 {
-    const QString path = push.variants.isEmpty()
-                             ? push.path
-                             : QStringLiteral("%1 (variant %2)")
-                                   .arg(push.path)
-                                   .arg(firing % push.variants.size());
+    const QString path =
+        push.variants.isEmpty()
+            ? push.path
+            : QStringLiteral("%1 (variant %2)").arg(push.path).arg(firing % push.variants.size());
     JsonFields fields(entryOf(push, firing), path, error);
     for (const char* key : {"type", "afterMs", "everyMs", "count", "variants"})
         fields.skip(QString::fromLatin1(key));
