@@ -133,10 +133,8 @@ struct IncomingRoutes
     {
         QString oldest;
         for (const QString& kind : kinds) {
-            const bool json =
-                kind.startsWith(jsonKindPrefix(MessageHamal::JsonReader::Parsers)) ||
-                kind.startsWith(jsonKindPrefix(MessageHamal::JsonReader::Application));
-            if (!json)
+            // Requests that went out as wire messages are registered without a kind.
+            if (kind.isEmpty())
                 continue;
             if (kind.section(QLatin1Char(':'), 1) == method)
                 return kind;
@@ -144,11 +142,6 @@ struct IncomingRoutes
                 oldest = kind;
         }
         return oldest;
-    }
-
-    static QString jsonKindPrefix(MessageHamal::JsonReader reader)
-    {
-        return MessageHamal::jsonAnswerKind(reader, QString());
     }
 
     // A JSON request's answer goes to whoever composed the request: the application gets
@@ -169,7 +162,8 @@ struct IncomingRoutes
                 return;
             }
             const QString resJson = QString::fromUtf8(json);
-            if (kind.startsWith(jsonKindPrefix(MessageHamal::JsonReader::Application)))
+            if (kind.startsWith(
+                    MessageHamal::jsonAnswerKind(MessageHamal::JsonReader::Application, {})))
                 Q_EMIT out()->signalCommonRes(requestId, resJson);
             else
                 hamal.m_commonResWorker->handleCommonRes(requestId, resJson);
