@@ -3,7 +3,7 @@
 #include "vms_sdk/json_methods/alarm_worker.h"
 
 #include "vms_sdk/client/sdk_log.h"
-#include "vms_sdk/request/conversions/common_conversions.h"
+#include "vms_sdk/request/conversions/face_conversions.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -12,12 +12,6 @@
 namespace vms_sdk {
 
 namespace {
-
-using conversion::text;
-
-// The alarm families of a device: an alarm raised by an event of a channel names what
-// triggered it, an alarm of the device's own names itself. An unknown family keeps both.
-enum AlarmKind { TriggeredAlarm = 0, NamedAlarm = 1 };
 
 // Picture fields of face records hold text, padded with zero bytes by some devices.
 QString textUpToZero(const QByteArray& bytes)
@@ -45,24 +39,6 @@ AlarmWorker::AlarmWorker(QObject* parent)
     : QObject(parent)
 {}
 
-AlarmInfo AlarmWorker::alarmOf(const vms_sdk_proto::AlarmInfo& push)
-{
-    AlarmInfo alarm{.alarmId = text(push.alarm_id()),
-                    .channelId = conversion::fromWire(push.channel_id()),
-                    .alarmTime = text(push.alarm_time()),
-                    .attachments = conversion::byteArrays(push.attachments()),
-                    .alarmType = text(push.alarm_type()),
-                    .alarmKind = push.attr_8(),
-                    .detail = conversion::bytes(push.attr_10())};
-    if (alarm.alarmKind != NamedAlarm) {
-        alarm.triggerChannelId = conversion::fromWire(push.trigger_channel_id());
-        alarm.triggerName = text(push.trigger_name());
-    }
-    if (alarm.alarmKind != TriggeredAlarm)
-        alarm.alarmName = text(push.alarm_name());
-    return alarm;
-}
-
 void AlarmWorker::handleCommonAlarmPush(const QByteArray& message)
 {
     vms_sdk_proto::AlarmInfo push;
@@ -70,7 +46,7 @@ void AlarmWorker::handleCommonAlarmPush(const QByteArray& message)
         log::error(QStringLiteral("parse [dgw push common alarm] failure"));
         return;
     }
-    Q_EMIT ClientSignals::instance()->signalCommonAlarmPush(alarmOf(push));
+    Q_EMIT ClientSignals::instance()->signalCommonAlarmPush(conversion::fromWire(push));
     log::trace(QStringLiteral("dgw push common alarm"));
 }
 

@@ -8,8 +8,6 @@
 
 #include <vms_sdk/vms_client_sdk.h>
 
-#include "vms_message.pb.h"
-
 #include <QByteArray>
 #include <QObject>
 #include <QPair>
@@ -32,7 +30,6 @@ public:
     // The alarm type a face detection raises, empty when none: a temperature out of range
     // before a missing mask.
     static QString faceAlarmType(int temperatureState, int maskState);
-    static AlarmInfo alarmOf(const vms_sdk_proto::AlarmInfo& push);
 };
 
 } // namespace vms_sdk

@@ -194,18 +194,26 @@ vms_sdk_proto::AlarmInfo toWire(const AlarmInfo& alarm)
     return wire;
 }
 
+// The alarm families of a device: an alarm raised by an event of a channel names what
+// triggered it, an alarm of the device's own names itself. An unknown family keeps both.
+enum AlarmKind { TriggeredAlarm = 0, NamedAlarm = 1 };
+
 AlarmInfo fromWire(const vms_sdk_proto::AlarmInfo& alarm)
 {
-    return AlarmInfo{.alarmId = text(alarm.alarm_id()),
+    AlarmInfo record{.alarmId = text(alarm.alarm_id()),
                      .channelId = fromWire(alarm.channel_id()),
-                     .triggerChannelId = fromWire(alarm.trigger_channel_id()),
-                     .triggerName = text(alarm.trigger_name()),
                      .alarmTime = text(alarm.alarm_time()),
                      .attachments = byteArrays(alarm.attachments()),
                      .alarmType = text(alarm.alarm_type()),
                      .alarmKind = alarm.attr_8(),
-                     .alarmName = text(alarm.alarm_name()),
                      .detail = bytes(alarm.attr_10())};
+    if (record.alarmKind != NamedAlarm) {
+        record.triggerChannelId = fromWire(alarm.trigger_channel_id());
+        record.triggerName = text(alarm.trigger_name());
+    }
+    if (record.alarmKind != TriggeredAlarm)
+        record.alarmName = text(alarm.alarm_name());
+    return record;
 }
 
 } // namespace vms_sdk::conversion
