@@ -3,6 +3,7 @@
 #include "streams.h"
 
 #include "device_model.h"
+#include "domains/handler.h"
 #include "serve_frames.h"
 #include "sim_log.h"
 
@@ -35,17 +36,6 @@ constexpr qint64 maxBacklogBytes = 64 * 1024 * 1024;
 constexpr qint64 unpacedBacklogBytes = 4 * 1024 * 1024;
 // A paced stream that wakes up late catches up with at most this many frames at once.
 constexpr quint64 maxCatchUpFrames = 10;
-
-QString text(const std::string& utf8)
-{
-    return QString::fromStdString(utf8);
-}
-
-template<class Message>
-QByteArray bytesOf(const Message& message)
-{
-    return QByteArray::fromStdString(message.SerializeAsString());
-}
 
 // "2", "0.5", "1/4": a factor, or a fraction of two factors. Zero when the text is neither or
 // the speed is outside what a recorder plays (1/64 to 64).
@@ -297,7 +287,7 @@ void StreamConnection::sendEvent(qint32 event)
 {
     vms_sdk_proto::StreamEventPush push;
     push.set_event(event);
-    send(StreamEventPush, bytesOf(push));
+    send(StreamEventPush, serialized(push));
     m_socket->flush();
     log(QStringLiteral("-> %1 StreamEventPush event %2").arg(int(StreamEventPush)).arg(event));
 }
@@ -432,13 +422,13 @@ void StreamConnection::sendProgress()
         vms_sdk_proto::PlaybackPosProgressPush push;
         push.set_cur_pos(quint32(m_playback.positionMs));
         push.set_total_pos(quint32(m_playback.totalMs));
-        send(PlaybackPosProgressPush, bytesOf(push));
+        send(PlaybackPosProgressPush, serialized(push));
     } else {
         vms_sdk_proto::PlaybackTimeProgressPush push;
         push.set_cur_time(m_playback.start.addMSecs(m_playback.positionMs)
                               .toString(streamTimeFormat)
                               .toStdString());
-        send(PlaybackTimeProgressPush, bytesOf(push));
+        send(PlaybackTimeProgressPush, serialized(push));
     }
 }
 
