@@ -1,22 +1,19 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 // SPDX-FileCopyrightText: the vms_client_sdk developers
-#include "sim_process.h"
+//
+// Managed devices and their logins, the search, channel queries and scheduled pushes.
+#include "domain_support.h"
 
 #include "vms_protocol/message_type.h"
 
-#include "vms_message.pb.h"
-
 #include <QFile>
 
-#include <gtest/gtest.h>
-
-#include <functional>
 #include <iostream>
 #include <string>
 #include <vector>
 
 using namespace vms_sdk;
-using vms_test::SimProcess;
+using namespace vms_test;
 
 namespace {
 
@@ -34,11 +31,6 @@ const QByteArray network = R"({"devices": [
                  "abilities": [{"id": 9, "name": "Counting"}]}]}
 ]})";
 
-QByteArray withNetwork(const QByteArray& extra)
-{
-    return network.left(network.lastIndexOf('}')) + extra + "}";
-}
-
 vms_sdk_proto::DevInfo managed(const std::string& id, const std::string& ip = {},
                                const std::string& password = {}, const std::string& sn = {})
 {
@@ -48,14 +40,6 @@ vms_sdk_proto::DevInfo managed(const std::string& id, const std::string& ip = {}
     device.set_password(password);
     device.set_sn(sn);
     return device;
-}
-
-template<typename Message>
-Message parsed(const Frame& frame)
-{
-    Message message;
-    EXPECT_TRUE(message.ParseFromArray(frame.payload.constData(), frame.payload.size()));
-    return message;
 }
 
 // The frames caused by what was sent so far: a search answer follows everything before it.
@@ -81,14 +65,14 @@ void expectLogins(const QList<Frame>& frames, const std::vector<Login>& expected
     for (const Login& login : expected) {
         ASSERT_LT(next, frames.size()) << row << ": missing the status of " << login.devId;
         ASSERT_EQ(frames.at(next).type, DevStatusPush) << row;
-        const auto status = parsed<vms_sdk_proto::DevStatusPush>(frames.at(next++));
+        const auto status = parsedAs<vms_sdk_proto::DevStatusPush>(frames.at(next++).payload);
         EXPECT_EQ(status.dev_id(), login.devId) << row;
         EXPECT_EQ(status.status(), login.status) << row << " " << login.devId;
         if (login.sn.empty())
             continue;
         ASSERT_LT(next, frames.size()) << row << ": missing the information of " << login.devId;
         ASSERT_EQ(frames.at(next).type, DevInfoPush) << row;
-        const auto info = parsed<vms_sdk_proto::DevInfoFromDgw>(frames.at(next++));
+        const auto info = parsedAs<vms_sdk_proto::DevInfoFromDgw>(frames.at(next++).payload);
         EXPECT_EQ(info.id(), login.devId) << row;
         EXPECT_EQ(info.sn(), login.sn) << row;
     }
@@ -103,7 +87,7 @@ std::vector<std::string> idsOf(const vms_sdk_proto::SearchedDevsPush& push)
     return ids;
 }
 
-class Devices : public vms_test::SimTest
+class Devices : public SimTest
 {};
 
 } // namespace
@@ -135,7 +119,7 @@ TEST_F(Devices, ManagingADeviceReportsItsLogin)
          {managed("app-8", "10.9.9.9", "", "OWN-SN")},
          {{"app-8", 0, "OWN-SN"}}},
         {"nothing simulated behind it, unknown devices offline",
-         withNetwork(R"(, "unknownDevices": "offline")"),
+         withKeys(network, R"(, "unknownDevices": "offline")"),
          AddManagedDevsCmd,
          {managed("app-8", "10.9.9.9")},
          {{"app-8", 1, ""}}},
@@ -164,32 +148,6 @@ TEST_F(Devices, ManagingADeviceReportsItsLogin)
         if (HasFailure())
             std::cerr << row.name << ":\n" << sim.log().toStdString();
     }
-}
-
-TEST_F(Devices, DeviceInformationCarriesTheSimulatedData)
-{
-    SimProcess& sim = startSim(network);
-    ASSERT_TRUE(sim.initialise());
-    vms_sdk_proto::AddManagedDevsCmd add;
-    *add.add_devs() = managed("cam-1");
-    sim.send(AddManagedDevsCmd, add);
-    const QList<Frame> frames = framesCausedSoFar(sim);
-    ASSERT_EQ(frames.size(), 2);
-    const auto info = parsed<vms_sdk_proto::DevInfoFromDgw>(frames.at(1));
-    EXPECT_EQ(info.ip(), "10.0.0.11");
-    EXPECT_EQ(info.version(), "V1.2.3");
-    EXPECT_EQ(info.series_name(), "B2");
-    EXPECT_EQ(info.dev_code(), "B2-4MP");
-    EXPECT_EQ(info.attr_4(), 1u); // device type
-    EXPECT_EQ(info.attr_5(), 8001u);
-    EXPECT_EQ(info.attr_9(), 1u); // channels
-    ASSERT_EQ(info.ability_details().size(), 1u);
-    const vms_sdk_proto::AiAbilityInfo& ability = info.ability_details().at(4);
-    EXPECT_EQ(ability.package(), "face");
-    EXPECT_EQ(ability.name(), "Face detection");
-    EXPECT_EQ(ability.attr_2(), 2);
-    EXPECT_EQ(ability.attr_4(), 1);
-    EXPECT_TRUE(ability.attr_5());
 }
 
 TEST_F(Devices, DeleteEditAndSetChangeTheManagedSet)
@@ -222,28 +180,6 @@ TEST_F(Devices, DeleteEditAndSetChangeTheManagedSet)
     sim.send(EditManagedDevsCmd, wrongPassword);
     expectLogins(framesCausedSoFar(sim), {{"cam-2", 0, "SN-CAM-2"}, {"cam-2", 1, ""}},
                  "set replaces, edit logs in again");
-}
-
-TEST_F(Devices, SearchFindsTheDevicesThatAreOnline)
-{
-    SimProcess& sim = startSim(network);
-    ASSERT_TRUE(sim.initialise());
-    sim.send(SearchDevsCmd, QByteArray());
-    const auto found = sim.take<vms_sdk_proto::SearchedDevsPush>(SearchedDevsPush);
-    EXPECT_EQ(idsOf(found), (std::vector<std::string>{"cam-1", "cam-2", "nvr-1"}));
-    ASSERT_EQ(found.devs_size(), 3);
-    const vms_sdk_proto::DevInfo& camera = found.devs(0);
-    EXPECT_EQ(camera.name(), "Gate");
-    EXPECT_EQ(camera.sn(), "SN-CAM-1");
-    EXPECT_EQ(camera.ip(), "10.0.0.11");
-    EXPECT_EQ(camera.attr_6(), 8001u); // port
-    EXPECT_EQ(camera.version(), "V1.2.3");
-    EXPECT_EQ(camera.password(), "");
-    EXPECT_EQ(found.devs(2).attr_13(), 2u); // the recorder's channels
-
-    sim.send(BroadcastSearchDevsCmd, QByteArray());
-    const auto broadcast = sim.take<vms_sdk_proto::SearchedDevsPush>(BroadcastSearchedDevsPush);
-    EXPECT_EQ(broadcast.SerializeAsString(), found.SerializeAsString());
 }
 
 TEST_F(Devices, TheSearchRangeLimitsTheSearchButNotTheBroadcast)
@@ -321,179 +257,69 @@ TEST_F(Devices, ChannelQueriesNameTheDeviceInPlainText)
     }
 }
 
-TEST_F(Devices, EveryPushKindArrivesWithItsFields)
+// The kinds whose config differs most from the message: a list of devices, a push made from
+// a device, base64 bytes, nested channel ids and attachment lists.
+TEST_F(Devices, PushesAreBuiltFromTheirConfigEntries)
 {
-    using Check = std::function<void(const QByteArray&)>;
-    const auto equals = [](auto expected) -> Check {
-        return [expected](const QByteArray& payload) {
-            EXPECT_EQ(payload.toStdString(), expected.SerializeAsString());
-        };
-    };
-    const auto channel = [](const char* devId, unsigned index) {
-        vms_sdk_proto::ChannelId id;
-        id.set_dev_id(devId);
-        id.set_channel_index(index);
-        return id;
-    };
-    struct Row
-    {
-        const char* entry;
-        int type;
-        Check check;
-    };
-    const std::vector<Row> rows = {
-        {R"({"type": "searchedDevs", "devIds": ["nvr-1"]})", SearchedDevsPush,
-         [](const QByteArray& payload) {
-             vms_sdk_proto::SearchedDevsPush push;
-             push.ParseFromArray(payload.constData(), payload.size());
-             EXPECT_EQ(idsOf(push), std::vector<std::string>{"nvr-1"});
-         }},
-        {R"({"type": "broadcastSearchedDevs"})", BroadcastSearchedDevsPush,
-         [](const QByteArray& payload) {
-             vms_sdk_proto::SearchedDevsPush push;
-             push.ParseFromArray(payload.constData(), payload.size());
-             EXPECT_EQ(push.devs_size(), 3);
-         }},
-        {R"({"type": "devStatus", "devId": "cam-1", "status": 1})", DevStatusPush,
-         [&] {
-             vms_sdk_proto::DevStatusPush push;
-             push.set_dev_id("cam-1");
-             push.set_status(1);
-             return equals(push);
-         }()},
-        {R"({"type": "devP2PSuccess", "devId": "cam-2"})", DevP2PSuccessPush,
-         [](const QByteArray& payload) { EXPECT_EQ(payload, QByteArray("cam-2")); }},
-        {R"({"type": "devInfo", "devId": "cam-1"})", DevInfoPush,
-         [](const QByteArray& payload) {
-             vms_sdk_proto::DevInfoFromDgw push;
-             push.ParseFromArray(payload.constData(), payload.size());
-             EXPECT_EQ(push.id(), "cam-1");
-             EXPECT_EQ(push.sn(), "SN-CAM-1");
-             EXPECT_EQ(push.ability_details().size(), 1u);
-         }},
-        {R"({"type": "devTempUserCode", "codes": [{"sn": "SN-CAM-1", "code": "8812"}]})",
-         DevTempUserCodePush,
-         [&] {
-             vms_sdk_proto::DevTempUserCodePush push;
-             push.add_codes()->set_sn("SN-CAM-1");
-             push.mutable_codes(0)->set_code("8812");
-             return equals(push);
-         }()},
-        {R"({"type": "channelsInfo", "devId": "nvr-1"})", DevChannelsInfoPush,
-         [](const QByteArray& payload) {
-             vms_sdk_proto::DevChannelsInfoPush push;
-             push.ParseFromArray(payload.constData(), payload.size());
-             EXPECT_EQ(push.dev_id(), "nvr-1");
-             EXPECT_EQ(push.channels_size(), 2);
-         }},
-        {R"({"type": "faceDetect", "channelId": {"devId": "cam-1", "channelIndex": 1},
-             "record": {"serialNum": "P-17", "name": "Ann", "company": "Acme",
-                        "department": "R&D", "position": "Lead",
-                        "detectTime": "2024-03-01 08:00:00", "attr7": 93, "attr8": 1,
-                        "attr9": 37.9, "attr10": 2, "attr11": 1, "attr12": "AAEC",
-                        "attr13": "aGk="}})",
-         FaceDetectLivePush,
-         [&] {
-             vms_sdk_proto::FaceDetectLiveInfo push;
-             *push.mutable_channel_id() = channel("cam-1", 1);
-             vms_sdk_proto::FaceDetectRecordInfo* record = push.mutable_record();
-             record->set_serial_num("P-17");
-             record->set_name("Ann");
-             record->set_company("Acme");
-             record->set_department("R&D");
-             record->set_position("Lead");
-             record->set_detect_time("2024-03-01 08:00:00");
-             record->set_attr_7(93);
-             record->set_attr_8(1);
-             record->set_attr_9(37.9);
-             record->set_attr_10(2);
-             record->set_attr_11(1);
-             record->set_attr_12(std::string("\0\1\2", 3));
-             record->set_attr_13("hi");
-             return equals(push);
-         }()},
-        {R"({"type": "faceCount", "channelId": {"devId": "cam-1", "channelIndex": 1},
-             "attr2": 10, "attr3": 2, "attr4": 8})",
-         FaceCountPush,
-         [&] {
-             vms_sdk_proto::FaceCountInfo push;
-             *push.mutable_channel_id() = channel("cam-1", 1);
-             push.set_attr_2(10);
-             push.set_attr_3(2);
-             push.set_attr_4(8);
-             return equals(push);
-         }()},
-        {R"({"type": "alarm", "alarmId": "A-1", "channelId": {"devId": "nvr-1", "channelIndex": 2},
-             "triggerChannelId": {"devId": "nvr-1", "channelIndex": 1}, "triggerName": "Door",
-             "alarmTime": "2024-03-01 08:00:01", "attachments": ["AQI=", "Aw=="],
-             "alarmType": "motion", "attr8": 1, "alarmName": "Motion", "attr10": "e30="})",
-         CommonAlarmPush,
-         [&] {
-             vms_sdk_proto::AlarmInfo push;
-             push.set_alarm_id("A-1");
-             *push.mutable_channel_id() = channel("nvr-1", 2);
-             *push.mutable_trigger_channel_id() = channel("nvr-1", 1);
-             push.set_trigger_name("Door");
-             push.set_alarm_time("2024-03-01 08:00:01");
-             push.add_attachments("\1\2");
-             push.add_attachments("\3");
-             push.set_alarm_type("motion");
-             push.set_attr_8(1);
-             push.set_alarm_name("Motion");
-             push.set_attr_10("{}");
-             return equals(push);
-         }()},
-        {R"({"type": "tlv", "devId": "cam-2", "tlvData": "AAECAw=="})", TlvDataPush,
-         [&] {
-             vms_sdk_proto::TlvInfo push;
-             push.set_dev_id("cam-2");
-             push.set_tlv_data(std::string("\0\1\2\3", 4));
-             return equals(push);
-         }()},
-        {R"({"type": "uploadUpgradeFileFinished", "devId": "nvr-1"})",
-         UploadUpgradeFileFinishedPush,
-         [](const QByteArray& payload) { EXPECT_EQ(payload, QByteArray("nvr-1")); }},
-        {R"({"type": "talkEvent", "channelId": {"devId": "cam-1", "channelIndex": 1}, "event": 2})",
-         TalkEventPush,
-         [&] {
-             vms_sdk_proto::TalkEventPush push;
-             *push.mutable_channel_id() = channel("cam-1", 1);
-             push.set_event(2);
-             return equals(push);
-         }()},
-        {R"({"type": "speakEvent", "channelId": {"devId": "cam-2", "channelIndex": 1}, "event": 3})",
-         SpeakEventPush,
-         [&] {
-             vms_sdk_proto::TalkEventPush push;
-             *push.mutable_channel_id() = channel("cam-2", 1);
-             push.set_event(3);
-             return equals(push);
-         }()},
-        {R"({"type": "fileTransferProgress", "requestId": "{up-1}", "attr2": 40, "attr3": 100})",
-         FileTransferProgressPush,
-         [&] {
-             vms_sdk_proto::FileTransferProgress push;
-             push.set_request_id("{up-1}");
-             push.set_attr_2(40);
-             push.set_attr_3(100);
-             return equals(push);
-         }()},
-    };
-    QByteArray entries;
-    for (const Row& row : rows)
-        entries += (entries.isEmpty() ? "" : ",") + QByteArray(row.entry);
-    SimProcess& sim = startSim(withNetwork(", \"pushes\": [" + entries + "]"));
+    SimProcess& sim = startSim(withKeys(network, R"(, "pushes": [
+        {"type": "searchedDevs", "devIds": ["nvr-1"]},
+        {"type": "devInfo", "devId": "cam-1"},
+        {"type": "faceDetect", "channelId": {"devId": "cam-1", "channelIndex": 1},
+         "record": {"serialNum": "P-17", "name": "Ann", "company": "Acme", "department": "R&D",
+                    "position": "Lead", "detectTime": "2024-03-01 08:00:00", "attr7": 93,
+                    "attr8": 1, "attr9": 37.9, "attr10": 2, "attr11": 1, "attr12": "AAEC",
+                    "attr13": "aGk="}},
+        {"type": "alarm", "alarmId": "A-1", "channelId": {"devId": "nvr-1", "channelIndex": 2},
+         "triggerChannelId": {"devId": "nvr-1", "channelIndex": 1}, "triggerName": "Door",
+         "alarmTime": "2024-03-01 08:00:01", "attachments": ["AQI=", "Aw=="],
+         "alarmType": "motion", "attr8": 1, "alarmName": "Motion", "attr10": "e30="}])"));
     ASSERT_TRUE(sim.initialise());
     // Everything is due at once and goes out in config order.
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.entry);
-        row.check(sim.takePayload(row.type));
-    }
+    EXPECT_EQ(idsOf(sim.take<vms_sdk_proto::SearchedDevsPush>(SearchedDevsPush)),
+              std::vector<std::string>{"nvr-1"});
+    const auto info = sim.take<vms_sdk_proto::DevInfoFromDgw>(DevInfoPush);
+    EXPECT_EQ(info.sn(), "SN-CAM-1");
+    EXPECT_EQ(info.series_name(), "B2");
+    EXPECT_EQ(info.attr_5(), 8001u); // port
+    ASSERT_EQ(info.ability_details().size(), 1u);
+    EXPECT_EQ(info.ability_details().at(4).name(), "Face detection");
+
+    vms_sdk_proto::FaceDetectLiveInfo face;
+    *face.mutable_channel_id() = channelOf("cam-1", 1);
+    vms_sdk_proto::FaceDetectRecordInfo* record = face.mutable_record();
+    record->set_serial_num("P-17");
+    record->set_name("Ann");
+    record->set_company("Acme");
+    record->set_department("R&D");
+    record->set_position("Lead");
+    record->set_detect_time("2024-03-01 08:00:00");
+    record->set_attr_7(93);
+    record->set_attr_8(1);
+    record->set_attr_9(37.9);
+    record->set_attr_10(2);
+    record->set_attr_11(1);
+    record->set_attr_12(std::string("\0\1\2", 3));
+    record->set_attr_13("hi");
+    EXPECT_EQ(sim.takePayload(FaceDetectLivePush), bytesOf(face));
+
+    vms_sdk_proto::AlarmInfo alarm;
+    alarm.set_alarm_id("A-1");
+    *alarm.mutable_channel_id() = channelOf("nvr-1", 2);
+    *alarm.mutable_trigger_channel_id() = channelOf("nvr-1", 1);
+    alarm.set_trigger_name("Door");
+    alarm.set_alarm_time("2024-03-01 08:00:01");
+    alarm.add_attachments("\1\2");
+    alarm.add_attachments("\3");
+    alarm.set_alarm_type("motion");
+    alarm.set_attr_8(1);
+    alarm.set_alarm_name("Motion");
+    alarm.set_attr_10("{}");
+    EXPECT_EQ(sim.takePayload(CommonAlarmPush), bytesOf(alarm));
 }
 
 TEST_F(Devices, ScheduledPushesStartWithInitAndRepeatInDueOrder)
 {
-    SimProcess& sim = startSim(withNetwork(R"(, "pushes": [
+    SimProcess& sim = startSim(withKeys(network, R"(, "pushes": [
         {"type": "uploadUpgradeFileFinished", "devId": "cam-2", "afterMs": 100},
         {"type": "devP2PSuccess", "devId": "cam-1", "everyMs": 10, "count": 3}])"));
     ASSERT_TRUE(sim.connectClient());
@@ -501,11 +327,9 @@ TEST_F(Devices, ScheduledPushesStartWithInitAndRepeatInDueOrder)
     EXPECT_TRUE(framesCausedSoFar(sim).isEmpty());
 
     ASSERT_TRUE(sim.initialise());
-    QList<int> types;
-    for (const Frame& frame : sim.takeUntil(UploadUpgradeFileFinishedPush))
-        types.append(frame.type);
-    EXPECT_EQ(types, (QList<int>{DevP2PSuccessPush, DevP2PSuccessPush, DevP2PSuccessPush,
-                                 UploadUpgradeFileFinishedPush}));
+    EXPECT_EQ(typesOf(sim.takeUntil(UploadUpgradeFileFinishedPush)),
+              (QList<int>{DevP2PSuccessPush, DevP2PSuccessPush, DevP2PSuccessPush,
+                          UploadUpgradeFileFinishedPush}));
 }
 
 TEST_F(Devices, WithoutAConfigTheBuiltInNetworkIsThere)

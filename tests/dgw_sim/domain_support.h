@@ -7,6 +7,7 @@
 #include "vms_message.pb.h"
 
 #include <QByteArray>
+#include <QList>
 
 #include <gtest/gtest.h>
 
@@ -59,6 +60,20 @@ Message parsedAs(const QByteArray& payload)
     Message message;
     EXPECT_TRUE(message.ParseFromArray(payload.constData(), payload.size()));
     return message;
+}
+
+// `config` with more top-level keys: `extra` starts with a comma.
+inline QByteArray withKeys(const QByteArray& config, const QByteArray& extra)
+{
+    return config.left(config.lastIndexOf('}')) + extra + "}";
+}
+
+inline QList<int> typesOf(const QList<vms_sdk::Frame>& frames)
+{
+    QList<int> types;
+    for (const vms_sdk::Frame& frame : frames)
+        types.append(frame.type);
+    return types;
 }
 
 // Sends a request and returns its answer, which must be the next frame.
