@@ -75,12 +75,3 @@ TEST(Lifecycle, ReleaseWithoutInitStillSignalsAndLogsNothing)
     EXPECT_EQ(released.count(), 1);
     EXPECT_FALSE(QFile::exists(clientLogPath()));
 }
-
-TEST(Lifecycle, SingletonsAreCreatedOnceOnFirstUse)
-{
-    EXPECT_EQ(ClientSignals::instance(), ClientSignals::instance());
-    EXPECT_EQ(ClientActions::instance(), ClientActions::instance());
-    EXPECT_EQ(MessageSignals::instance(), MessageSignals::instance());
-    init_vms_client_sdk();
-    EXPECT_EQ(ClientSignals::instance()->thread(), QThread::currentThread());
-}

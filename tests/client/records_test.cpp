@@ -19,18 +19,11 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <type_traits>
 
 using namespace vms_sdk;
 namespace rj = vms_sdk::record_json;
 
 namespace {
-
-// Designated initialisation is how applications are meant to write conditions.
-#define VMS_ASSERT_AGGREGATE(Name)                                                                 \
-    static_assert(std::is_aggregate_v<Name>, #Name " must stay an aggregate");
-VMS_RECORD_TYPES(VMS_ASSERT_AGGREGATE)
-#undef VMS_ASSERT_AGGREGATE
 
 void registerEverything()
 {

@@ -74,32 +74,6 @@ TEST(FrameCodec, EncodesExactlyWhatQDataStreamWrites)
     EXPECT_EQ(FrameCodec::encode(3, QByteArray()).size(), 13);
 }
 
-TEST(FrameReader, NullAndEmptyPayloadsArriveEmpty)
-{
-    ChunkDevice device;
-    device.feed(FrameCodec::encode(3, QByteArray()) + FrameCodec::encode(37, QByteArray("")));
-    FrameReader reader;
-    const QList<Frame> frames = readAll(device, reader);
-    ASSERT_EQ(frames.size(), 2);
-    EXPECT_EQ(frames[0].type, 3);
-    EXPECT_TRUE(frames[0].payload.isEmpty());
-    EXPECT_EQ(frames[1].type, 37);
-    EXPECT_TRUE(frames[1].payload.isEmpty());
-}
-
-TEST(FrameReader, TwoFramesInOneChunkComeOutInOrder)
-{
-    ChunkDevice device;
-    device.feed(FrameCodec::encode(21, "first") + FrameCodec::encode(40, "second"));
-    FrameReader reader;
-    const QList<Frame> frames = readAll(device, reader);
-    ASSERT_EQ(frames.size(), 2);
-    EXPECT_EQ(frames[0].type, 21);
-    EXPECT_EQ(frames[0].payload, "first");
-    EXPECT_EQ(frames[1].type, 40);
-    EXPECT_EQ(frames[1].payload, "second");
-}
-
 TEST(FrameReader, AFrameSplitAtEveryPositionIsDeliveredWholeOnceAndTheNextIsIntact)
 {
     const QByteArray first = FrameCodec::encode(55, QByteArray(40, 'a'));
