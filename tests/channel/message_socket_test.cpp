@@ -107,55 +107,30 @@ TEST_F(MessageSocketTest, ConnectsOnAFirstTickSaysHelloAndReportsConnected)
     EXPECT_FALSE(channel->isReady());
 }
 
+// How a reader cuts frames out of pieces is proven in frame_codec_test; here only that the
+// channel hands it each piece as it comes.
 TEST_F(MessageSocketTest, DeliversFramesWholeAndInOrderHoweverTheyAreWritten)
 {
-    QByteArray big(1 << 20, Qt::Uninitialized);
-    for (int i = 0; i < big.size(); ++i)
-        big[i] = char(i * 13);
     const QByteArray a = FrameCodec::encode(21, "answer");
-    const QByteArray b = FrameCodec::encode(40, "push");
-    const QByteArray c = FrameCodec::encode(102, big);
-
-    struct Row
-    {
-        const char* name;
-        QList<QByteArray> writes;
-        QList<QPair<int, QByteArray>> expected;
-    };
-    QList<QByteArray> bigPieces;
-    for (int offset = 0; offset < c.size(); offset += 64 * 1024)
-        bigPieces.append(c.mid(offset, 64 * 1024));
-    const Row rows[] = {
-        {"two frames in one write", {a + b}, {{21, "answer"}, {40, "push"}}},
-        {"length alone, then the rest", {a.left(8), a.mid(8)}, {{21, "answer"}}},
-        {"split inside the size field",
-         {a.left(11), a.mid(11) + b},
-         {{21, "answer"}, {40, "push"}}},
-        {"split one byte before the end", {a.left(a.size() - 1), a.right(1)}, {{21, "answer"}}},
-        {"1 MiB in 64 KiB pieces", bigPieces, {{102, big}}},
-    };
-    for (const Row& row : rows) {
-        auto channel = makeSocket();
-        QSignalSpy frames(channel.get(), &MessageSocket::signalMessageComing);
-        QLocalSocket* peer = accept();
-        ASSERT_NE(peer, nullptr) << row.name;
-        for (const QByteArray& piece : row.writes) {
-            peer->write(piece);
-            peer->flush();
-            // Give the library a chance to see each piece on its own.
-            vms_test::waitFor([&] { return channel->socket()->bytesAvailable() > 0; }, 50);
-            QCoreApplication::processEvents();
-        }
-        ASSERT_TRUE(vms_test::waitFor([&] { return frames.count() >= row.expected.size(); }))
-            << row.name;
+    auto channel = makeSocket();
+    QSignalSpy frames(channel.get(), &MessageSocket::signalMessageComing);
+    std::unique_ptr<QLocalSocket> peer(accept());
+    ASSERT_NE(peer, nullptr);
+    // Split inside the size field.
+    for (const QByteArray& piece :
+         {a.left(11), QByteArray(a.mid(11) + FrameCodec::encode(40, "push"))}) {
+        peer->write(piece);
+        peer->flush();
+        vms_test::waitFor([&] { return channel->socket()->bytesAvailable() > 0; }, 50);
         QCoreApplication::processEvents();
-        ASSERT_EQ(frames.count(), row.expected.size()) << row.name;
-        for (int i = 0; i < row.expected.size(); ++i) {
-            EXPECT_EQ(frames[i][0].value<MessageType>(), row.expected[i].first) << row.name;
-            EXPECT_EQ(frames[i][1].toByteArray(), row.expected[i].second) << row.name;
-        }
-        delete peer;
     }
+    ASSERT_TRUE(vms_test::waitFor([&] { return frames.count() >= 2; }));
+    QCoreApplication::processEvents();
+    ASSERT_EQ(frames.count(), 2);
+    EXPECT_EQ(frames[0][0].value<MessageType>(), 21);
+    EXPECT_EQ(frames[0][1].toByteArray(), "answer");
+    EXPECT_EQ(frames[1][0].value<MessageType>(), 40);
+    EXPECT_EQ(frames[1][1].toByteArray(), "push");
 }
 
 TEST_F(MessageSocketTest, ThirtyQuietAttemptsThenOneTimeOut)
@@ -194,46 +169,6 @@ TEST_F(MessageSocketTest, AnErrorOtherThanServerNotFoundReportsStatus3)
                              .arg(int(QLocalSocket::ConnectionRefusedError))),
               1);
     channel->closeSocket();
-}
-
-TEST_F(MessageSocketTest, FourLossesPushDevicesOfflineAndAskForRestartsTheFifthGivesUp)
-{
-    auto channel = makeSocket();
-    channel->devices().insert(QStringLiteral("cam-b"), DevInfo{.id = QStringLiteral("cam-b")});
-    channel->devices().insert(QStringLiteral("cam-a"), DevInfo{.id = QStringLiteral("cam-a")});
-    QSignalSpy restarts(channel.get(), &MessageSocket::signalTryStartNewDgw);
-    QSignalSpy status(channel.get(), &MessageSocket::signalConnectStatus);
-    QSignalSpy offline(ClientSignals::instance(), &ClientSignals::signalDevStatusPush);
-
-    for (int loss = 1; loss <= 5; ++loss) {
-        if (loss > 1)
-            channel->connectToDgw();
-        QLocalSocket* peer = accept();
-        ASSERT_NE(peer, nullptr) << "loss " << loss;
-        // The retry counter stops on the tick after the connection; until then a loss would
-        // be followed by a reconnection of the channel's own.
-        ASSERT_TRUE(vms_test::waitFor([&] {
-            return countLines(
-                       QStringLiteral("socket state:%1").arg(int(QLocalSocket::ConnectedState))) ==
-                   loss;
-        }));
-        peer->disconnectFromServer();
-        ASSERT_TRUE(vms_test::waitFor([&] { return channel->disconnectCount() == loss; }))
-            << "loss " << loss;
-        delete peer;
-    }
-    EXPECT_EQ(restarts.count(), 4);
-    ASSERT_EQ(offline.count(), 8);
-    for (int i = 0; i < 8; ++i) {
-        EXPECT_EQ(offline[i][0].toString(), i % 2 == 0 ? "cam-a" : "cam-b"); // key order
-        EXPECT_EQ(offline[i][1].value<DevStatus>(), DevStatusOffline);
-    }
-    QList<ConnStatus> statuses;
-    for (const auto& args : status)
-        statuses.append(args[0].value<ConnStatus>());
-    EXPECT_EQ(statuses.count(ConnStatusDisconnected), 1);
-    EXPECT_EQ(statuses.last(), ConnStatusDisconnected);
-    EXPECT_EQ(countLines(QStringLiteral("message socket disconnected from dgw")), 5);
 }
 
 TEST_F(MessageSocketTest, TheInitAnswerDecidesReadiness)

@@ -107,10 +107,8 @@ protected:
         if (program == QLatin1String("missing"))
             return false;
         FakeGateway*& fake = fakes[args.value(1)];
-        if (!fake) {
+        if (!fake)
             fake = new FakeGateway(args, owner.get());
-            fake->initAnswerCode = initAnswerCode;
-        }
         return fake->start();
     }
 
@@ -135,15 +133,7 @@ protected:
         return n;
     }
 
-    const InitDgwCondition condition{.ak = QStringLiteral("ak"),
-                                     .sk = QStringLiteral("sk"),
-                                     .ck = QStringLiteral("ck"),
-                                     .csk = QStringLiteral("csk"),
-                                     .serviceEnabled = true,
-                                     .url = QStringLiteral("https://u"),
-                                     .serviceType = 7,
-                                     .saasServer = QStringLiteral("srv"),
-                                     .saasCer = QStringLiteral("cer")};
+    const InitDgwCondition condition{.ak = QStringLiteral("ak"), .saasCer = QStringLiteral("cer")};
     std::unique_ptr<QObject> owner;
     QString logPath;
     MultiDgwMgr* manager = nullptr;
@@ -151,7 +141,6 @@ protected:
     QList<qint64> startTimes; // ms on `clock`, one per start
     QElapsedTimer clock;
     QHash<QString, FakeGateway*> fakes;
-    int initAnswerCode = 0;
 };
 
 TEST_F(MultiDgwMgrTest, StartsOneGatewayPerHundredDevicesWithinOneAndThirtyTwo)
@@ -185,18 +174,11 @@ TEST_F(MultiDgwMgrTest, InitialisesEachGatewayWithTheAccountSettings)
     prepare(1);
     const auto requests = fake(0)->framesOfType(InitDgwReq);
     ASSERT_EQ(requests.size(), 1);
+    // Each field's place on the wire is pinned in conversions_test.
     const auto request = parse<vms_sdk_proto::InitDgwReq>(requests[0]);
     EXPECT_TRUE(QRegularExpression(QStringLiteral("^\\{[0-9a-f-]{36}\\}$"))
                     .match(QString::fromStdString(request.request_id()))
                     .hasMatch());
-    EXPECT_EQ(request.ak(), "ak");
-    EXPECT_EQ(request.sk(), "sk");
-    EXPECT_EQ(request.ck(), "ck");
-    EXPECT_EQ(request.csk(), "csk");
-    EXPECT_TRUE(request.attr_6());
-    EXPECT_EQ(request.url(), "https://u");
-    EXPECT_EQ(request.attr_8(), 7);
-    EXPECT_EQ(request.saas_server(), "srv");
     EXPECT_EQ(request.saas_cer(), "cer");
     // The hello came first, as a null payload.
     ASSERT_GE(fake(0)->frames().size(), 2);
@@ -478,7 +460,8 @@ TEST_F(MultiDgwMgrTest, AGatewayOfAnotherUserGetsNeitherHelloNorCredentials)
     EXPECT_EQ(logCount(QStringLiteral("init dgw req")), 0);
 }
 
-TEST_F(MultiDgwMgrTest, StartFailuresAndRefusalsAreReported)
+// A refused initialisation is in the fault injection tests, against the simulator.
+TEST_F(MultiDgwMgrTest, AStartFailureIsReported)
 {
     QSignalSpy abnormal(ClientSignals::instance(), &ClientSignals::signalDgwAbnormal);
     QSignalSpy success(ClientSignals::instance(), &ClientSignals::signalPrepareStartDgwSuccess);
@@ -487,12 +470,7 @@ TEST_F(MultiDgwMgrTest, StartFailuresAndRefusalsAreReported)
     EXPECT_EQ(abnormal[0][0].value<DgwAbnormal>(), DgwAbnormalStartFailed);
     EXPECT_EQ(starts.size(), 1); // the loop stops at the first failure
     EXPECT_TRUE(manager->gateways().isEmpty());
-
-    initAnswerCode = 5;
-    prepare_start_dgw_req(condition, QStringLiteral("vms_dgw_sim"), 1);
-    ASSERT_TRUE(vms_test::waitFor([&] { return abnormal.count() == 2; }));
-    EXPECT_EQ(abnormal[1][0].value<DgwAbnormal>(), DgwAbnormalInitFailed);
-    EXPECT_FALSE(vms_test::waitFor([&] { return success.count() > 0; }, 100));
+    EXPECT_EQ(success.count(), 0);
 }
 
 TEST_F(MultiDgwMgrTest, ReleaseTellsEveryGatewayToExitAndNothingRestartsAfterwards)

@@ -152,10 +152,6 @@ TEST_F(AnswerRoutingTest, AJsonAnswerDoesNotEndAGatewayRequestOfTheSameId)
     EXPECT_TRUE(hamal->requestMgr()->removeRequest("shared"));
 }
 
-} // namespace
-
-namespace {
-
 TEST_F(AnswerRoutingTest, AGatewayAnswerDoesNotEndAJsonRequestOfTheSameId)
 {
     askQrCode("mixed");

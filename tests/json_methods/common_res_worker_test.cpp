@@ -4,6 +4,7 @@
 // The answers of every JSON method, as a device writes them, to the ClientSignals signal the
 // application receives: each field converted, device errors, failures of the answer itself,
 // the event records paging and the log lines.
+#include "support/signal_recorder.h"
 #include "support/test_support.h"
 
 #include <vms_sdk/vms_client_sdk.h>
@@ -18,52 +19,14 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QMetaMethod>
 #include <QSignalSpy>
 #include <QUuid>
 
 #include <gtest/gtest.h>
 
-#include <map>
-#include <memory>
-
 using namespace vms_sdk;
 
 namespace {
-
-// Every emission of ClientSignals, in order, by signal name.
-class Emissions
-{
-public:
-    Emissions()
-    {
-        const QMetaObject& meta = ClientSignals::staticMetaObject;
-        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-            const QMetaMethod method = meta.method(i);
-            if (method.methodType() == QMetaMethod::Signal)
-                m_spies.emplace(QString::fromLatin1(method.name()),
-                                std::make_unique<QSignalSpy>(ClientSignals::instance(), method));
-        }
-    }
-    QStringList names() const
-    {
-        QStringList names;
-        for (const auto& [name, spy] : m_spies) {
-            for (int i = 0; i < spy->count(); ++i)
-                names.append(name);
-        }
-        return names;
-    }
-    QVariantList argumentsOf(const QString& name) const { return m_spies.at(name)->value(0); }
-    void clear()
-    {
-        for (auto& [name, spy] : m_spies)
-            spy->clear();
-    }
-
-private:
-    std::map<QString, std::unique_ptr<QSignalSpy>> m_spies;
-};
 
 QJsonValue json(const char* text)
 {
@@ -119,68 +82,20 @@ const Row rows[] = {
      R"([[{"channelIndex": 1, "time": "2024-03-01T10:00:00.000", "plateNum": "AB123", "plateColor": 2, "plateType": 3, "picPath": "/lpr/1.jpg", "vehicleType": 4, "vehicleColor": 5, "vehicleOrientation": 1}], 40, 2])"},
     // The picture is handed on as the text the device sent: the bytes "QUI=", not "AB".
     {"snap_file_get", false, R"({"data": "QUI="})", "signalGetSnapImageRes", R"(["UVVJPQ=="])"},
-    {"intelligence_customer_count_get_history_list", false,
-     R"({"customer_count_list": [{"pass_cnt": 10, "in_cnt": 6, "out_cnt": 4, "keep_cnt": 2}]})",
-     "signalGetCustomersCountRes", R"([[{"passCnt": 10, "inCnt": 6, "outCnt": 4, "keepCnt": 2}]])"},
-    {"intelligence_regional_people_count_get_param", false, R"({"regions": [{"id": 1, "name": "entrance"}]})",
-     "signalGetCustomersRegionsRes", R"([[{"id": 1, "name": "entrance"}]])"},
-    {"intelligence_regional_people_count_get_history_list", false,
-     R"({"people_count_list": [{"people_cnt": 12, "stay_cnt": 5, "stay_rate": 0.25, "stay_average_time": 90}]})",
-     "signalGetCustomersRegionAttentionRes",
-     R"([[{"peopleCnt": 12, "stayCnt": 5, "stayRate": 0.25, "stayAverageTime": 90}]])"},
     {"ivp_hm_get_heatmap", false, R"({"width": 64, "height": 48, "bgJpegBase64": "QUI=", "heatmapDataBase64": "AQID"})",
      "signalGetCustomersHeatMapRes", R"([{"width": 64, "height": 48, "bgJpeg": "QUI=", "heatmapData": "AQID"}])"},
-    {"image_get_adjust_param", false,
-     R"({"contrast": 50, "brightness": 40, "saturation": 30, "sharpen": 20, "bEnableMI": true, "bEnableST": false, "rotate": 90, "style": 1})",
-     "signalGetChannImageAdjustSettingsRes",
-     R"([{"contrast": 50, "brightness": 40, "saturation": 30, "sharpen": 20, "bEnableMI": true, "bEnableST": false, "rotate": 90, "style": 1}])"},
     {"image_set_adjust_param", false, "{}", "signalSetChannImageAdjustSettingsRes", "[]"},
-    {"image_get_ability", false,
-     R"({"bMISup": true, "bSTSup": true, "bRotateSup": true, "bStyleSup": true, "bExpModeSup": true, "bWBSup": false, "bWDSup": true, "bHardWDSup": true, "bASTimeSup": true, "bFluencySup": true, "bDefinitionSup": true, "bNoiseRdSup": true, "bSmearSup": true, "bAutoLowFrameSup": true, "b3DNoiseRdSup": true, "b3DNoiseRdValueSup": true, "bDefogSup": true, "bDefogValueSup": true, "bDistCorSup": true, "bDistCorValueSup": true, "bFaceModeSup": true, "bStarSup": true, "bVlpnIrSup": true, "bSmartSensorSup": true, "bCPModeSup": true, "bWLValSetSup": 1})",
-     "signalGetChannImageAbilityRes",
-     R"([{"bMISup": true, "bSTSup": true, "bRotateSup": true, "bStyleSup": true, "bExpModeSup": true, "bWBSup": false, "bWDSup": true, "bHardWDSup": true, "bASTimeSup": true, "bFluencySup": true, "bDefinitionSup": true, "bNoiseRdSup": true, "bSmearSup": true, "bAutoLowFrameSup": true, "b3DNoiseRdSup": true, "b3DNoiseRdValueSup": true, "bDefogSup": true, "bDefogValueSup": true, "bDistCorSup": true, "bDistCorValueSup": true, "bFaceModeSup": true, "bStarSup": true, "bVlpnIrSup": true, "bSmartSensorSup": true, "bCPModeSup": true, "bWLValSetSup": true}])"},
-    {"dev_get_qrcode", false, R"({"sn_verificationcode": "SN123456|ABCD"})", "signalGetDevQRCodeRes", R"(["SN123456|ABCD"])"},
-    {"log_get", false, R"({"log_items": [{"time": "2024-03-01 07:00:00", "strlog": "boot"}]})",
-     "signalGetDevLogsRes", R"([[{"time": "2024-03-01T07:00:00.000", "strlog": "boot"}]])"},
     {"stream_get_params", false,
      R"({"streams": [{"streamid": 0, "width": 1920, "height": 1080, "frameRate": 25, "bitRate": 4096, "gop": 50, "venctype": 1, "quality": 3, "smooth": 2, "rcMode": 1, "smartencode": 1, "encryptEn": true}]})",
      "signalGetChannStreamSettingsRes",
      R"([[{"streamId": 0, "width": 1920, "height": 1080, "frameRate": 25, "bitRate": 4096, "gop": 50, "vencType": 1, "quality": 3, "smooth": 2, "rcMode": 1, "smartEncode": 1, "encryptEn": true}]])"},
-    {"ai_get_all_param", false,
-     R"({"all": [{"channelid": 1, "bEnable": true, "sampleRate": 8000, "bitWidth": 16, "cntChannel": 1, "bitRate": 64, "encType": 2, "aiGain": 7}]})",
-     "signalGetAllAudioInChannsSettingsRes",
-     R"([[{"channelIndex": 1, "bEnable": true, "sampleRate": 8000, "bitWidth": 16, "cntChannel": 1, "bitRate": 64, "encType": 2, "aiGain": 7}]])"},
-    {"ao_get_all_param", false,
-     R"({"all": [{"channelid": 2, "bEnable": false, "sampleRate": 16000, "bitWidth": 8, "cntChannel": 2, "bitRate": 32, "encType": 1, "aiGain": 3}]})",
-     "signalGetAllAudioOutChannsSettingsRes",
-     R"([[{"channelIndex": 2, "bEnable": false, "sampleRate": 16000, "bitWidth": 8, "cntChannel": 2, "bitRate": 32, "encType": 1, "aiGain": 3}]])"},
-    {"alarm_link_trigger", false, "{}", "signalTriggerAlarmLinkRes", "[]"},
-    {"gtrack_add_mark_point", false, "{}", "signalAddBulletTagPointRes", "[]"},
-    {"gtrack_get_point_list", false, R"({"list": [{"x": 100, "y": 200, "p": 12.5, "t": -3.25, "z": 2}]})",
-     "signalGetBulletTagPointsRes", R"([[{"x": 100, "y": 200, "p": 12.5, "t": -3.25, "z": 2}]])"},
-    {"gtrack_clear_point", false, "{}", "signalClearBulletTagPointsRes", "[]"},
-    {"gtrack_set_calibration", false, "{}", "signalCalibrateBulletDomeRes", "[]"},
-    {"gtrack_get_calibration", false, R"({"status": 2, "progress": 80})",
-     "signalGetBulletDomeCalibrateStatusRes", R"([{"status": 2, "progress": 80}])"},
-    {"gtrack_set_guard", false, "{}", "signalSetDomeTrackGuardInitialPosRes", "[]"},
     {"ptz_ability_get", false,
      R"({"motor_ability": {"pan_tilt_both": true}, "ex_ability": {"auto_move": true}, "lens_ability": {"zoom": true, "focus": false, "iris": true}, "max_preset": 255, "max_patrol": 8, "max_trail": 4, "max_task": 16})",
      "signalGetPTZAbilityRes",
      R"([{"panTiltBoth": true, "autoMove": true, "zoom": true, "focus": false, "iris": true, "maxPreset": 255, "maxPatrol": 8, "maxTrail": 4, "maxTask": 16}])"},
-    {"ptz_auto", false, "{}", "signalPTZAutoMoveRes", "[]"},
     {"ifconfig_get_inet", false, R"({"iface": "wifi"})", "signalGetDevNetModeRes", "[1]"},
-    {"storage_get_info", false,
-     R"({"disk": [{"diskNum": 1, "devName": "sda", "sn": "WD-1", "status": "normal", "fs": "ext4", "sizeMB": 1000, "usedMB": 250, "bCurDisk": true, "partitionCount": 2, "curPart": 1}]})",
-     "signalGetDevDisksInfoRes",
-     R"([[{"diskNum": 1, "devName": "sda", "sn": "WD-1", "status": "normal", "fs": "ext4", "sizeMB": 1000, "usedMB": 250, "bCurDisk": true, "partitionCount": 2, "curPart": 1}]])"},
-    {"storage_format", false, "{}", "signalFormatDevDiskRes", "[]"},
     {"storage_format_get_progress", false, R"({"progress": 60, "finished": false, "status": "normal"})",
      "signalGetDevDiskFormattingProgressRes", "[60, false, true]"},
-
-    {"intelligence_face_count_get_history_list", true,
-     R"({"face_count_list": [{"total": 9, "male": 5, "female": 4, "child_num": 1, "juvenile_num": 2, "youth_num": 3, "midlife_num": 2, "senile_num": 1}]})",
-     "signalGetCustomerGroupRes",
-     R"([[{"total": 9, "male": 5, "female": 4, "childNum": 1, "juvenileNum": 2, "youthNum": 3, "midlifeNum": 2, "senileNum": 1}]])"},
     {"intelligence_face_capture_get_history_list", true,
      R"({"page_num": 1, "total_cnt": 30, "face_capture_list": [{"channelid": 2, "time": "2024-03-01 11:00:00", "age": 30, "gender": 1, "hair": 2, "eyeglass": 1, "mask": 0, "beard": 1, "hat": 0, "expression": 3, "obj_picName": "/cap/o1.jpg", "frm_picName": "/cap/f1.jpg"}]})",
      "signalGetFaceRecRecordsRes",
@@ -189,31 +104,13 @@ const Row rows[] = {
      R"({"page_num": 2, "total_size": 45, "list": [{"index": 7, "cap_time": "2024-03-01 12:00:00", "gender": 2, "classification": "vip", "face_id": "F-7", "name": "Ann", "similarity": 93, "pic_path": "/lib/7.jpg", "pic_full_path": "/lib/full/7.jpg", "group_id": 3}]})",
      "signalGetFaceRecRecordsRes",
      R"([[{"channelIndex": 0, "time": "2024-03-01T12:00:00.000", "age": 0, "gender": 2, "hair": 0, "eyeglass": 0, "mask": 0, "beard": 0, "hat": 0, "expression": 0, "objPicName": "", "frmPicName": "", "index": 7, "classification": "vip", "faceId": "F-7", "name": "Ann", "similarity": 93, "picPath": "/lib/7.jpg", "picFullPath": "/lib/full/7.jpg", "groupId": 3}], 2, 45])"},
-    {"get_ground_lock_list", true, R"({"lock_list": [{"lock_id": "L1", "status": 1, "region_name": "B2", "parking_id": "P-12"}]})",
-     "signalGetParkingLockStatusRes", R"([[{"lockId": "L1", "status": 1, "regionName": "B2", "parkingId": "P-12"}]])"},
     {"ground_lock_control", true, "{}", "signalCtrlParkingLockRes", "[]"},
     {"group_search", true, R"({"groups": [{"id": 3, "name": "staff", "enable": 1}]})",
      "signalGetAllFaceGroupsRes", R"([[{"id": 3, "name": "staff", "enable": true}]])"},
-    {"group_add", true, "{}", "signalAddFaceGroupsRes", "[]"},
-    {"group_del", true, "{}", "signalDeleteFaceGroupsRes", "[]"},
-    {"group_mod", true, "{}", "signalEditFaceGroupsRes", "[]"},
     {"rcglib_search", true,
      R"({"page_num": 1, "total_size": 120, "list": [{"index": 7, "name": "Ann", "face_id": "F-7", "gender": 2, "birthdate": "1990-05-01", "start_time": "2024-01-01 00:00:00", "end_time": "2025-01-01 00:00:00", "classification": "vip", "modeling_status": "done", "modeling_errorcode": 0, "jpeg_uuid": "u-1", "group_id": [3]}]})",
      "signalGetFacesRes",
      R"([[{"index": 7, "serialNum": "F-7", "name": "Ann", "faceType": "vip", "faceUrl": "", "gender": 2, "age": 0, "faceImage": "", "validTime": "2024-01-01 00:00:00", "invalidTime": "2025-01-01 00:00:00", "organizations": []}], 120, 1])"},
-    {"rcglib_add", true, "{}", "signalAddFaceRes", "[]"},
-    {"rcglib_mod", true, "{}", "signalEditFaceRes", "[]"},
-    {"rcglib_del", true, "{}", "signalDelFaceRes", "[]"},
-    {"rcglib_statistics", true, R"({"total_cnt": 120, "modeled_cnt": 100, "modeling_failed_cnt": 5, "pending_cnt": 15})",
-     "signalGetFacesModelingStatusRes", R"([{"totalCnt": 120, "modeledCnt": 100, "modelingFailedCnt": 5, "pendingCnt": 15}])"},
-    {"rcglib_import", true, "{}", "signalImportFaceLibraryRes", "[]"},
-    {"rcglib_import_get_progress", true,
-     R"({"total_count": 50, "success_count": 45, "failed_count": 5, "failed_person_path": "/import/failed.txt"})",
-     "signalImportFaceLibraryProgressRes",
-     R"([{"totalCount": 50, "successCount": 45, "failedCount": 5, "failedPersonPath": "/import/failed.txt"}])"},
-    {"rcglib_export", true, "{}", "signalExportFaceLibraryRes", "[]"},
-    {"rcglib_export_get_progress", true, R"({"progress": 70, "filename": "/export/lib.zip"})",
-     "signalExportFaceLibraryProgressRes", R"([70, "/export/lib.zip"])"},
 };
 // clang-format on
 
@@ -256,7 +153,7 @@ protected:
     QString logPath;
     int seenLines = 0;
     CommonResWorker* worker = nullptr;
-    Emissions emissions;
+    vms_test::SignalRecorder emissions;
 };
 
 QJsonArray argumentsAfterResponse(const QVariantList& args)

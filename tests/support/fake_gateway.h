@@ -28,18 +28,11 @@ public:
     // Goes away like a killed process: the server and the connection vanish.
     void crash();
 
-    QStringList arguments() const { return m_arguments; }
     QString serverName() const { return m_arguments.value(1); }
     const QList<vms_sdk::Frame>& frames() const { return m_frames; }
     QList<vms_sdk::Frame> framesOfType(int type) const;
     void clearFrames() { m_frames.clear(); }
-    bool isConnected() const;
     void send(int type, const QByteArray& payload);
-
-    int initAnswerCode = 0; // non-zero: refuse the initialisation
-
-Q_SIGNALS:
-    void frameReceived(const vms_sdk::Frame& frame);
 
 private:
     void onNewConnection();
