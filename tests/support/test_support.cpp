@@ -33,6 +33,14 @@ QStringList readLines(const QString& path)
     return lines;
 }
 
+int countLines(const QString& path, const QString& text)
+{
+    int n = 0;
+    for (const QString& line : readLines(path))
+        n += line.endsWith(text) ? 1 : 0;
+    return n;
+}
+
 QString openTestLog()
 {
     const QString path = tempDir() + QStringLiteral("/log-") +

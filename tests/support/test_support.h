@@ -18,6 +18,9 @@ QString tempDir();
 // The lines of a text file; none when it does not exist.
 QStringList readLines(const QString& path);
 
+// How many lines of a text file end with `text`.
+int countLines(const QString& path, const QString& text);
+
 // Opens the kit log in a fresh file of its own and returns the file's path.
 QString openTestLog();
 
