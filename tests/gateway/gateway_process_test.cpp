@@ -13,7 +13,6 @@
 #include <QDir>
 #include <QFile>
 #include <QSignalSpy>
-#include <QStandardPaths>
 
 #include <gtest/gtest.h>
 
@@ -41,17 +40,20 @@ TEST(GatewayLifecycle, AMissingProgramIsAStartFailure)
 {
     init_vms_client_sdk();
     QSignalSpy abnormal(ClientSignals::instance(), &ClientSignals::signalDgwAbnormal);
-    prepare_start_dgw_req(InitDgwCondition{}, QStringLiteral("/nonexistent/vms_dgw"), 1);
+    QSignalSpy success(ClientSignals::instance(), &ClientSignals::signalPrepareStartDgwSuccess);
+    prepare_start_dgw_req(InitDgwCondition{}, QStringLiteral("/nonexistent/vms_dgw"), 300);
+    // The first failure ends the starting: one report, no gateway.
     ASSERT_EQ(abnormal.count(), 1);
     EXPECT_EQ(abnormal[0][0].value<DgwAbnormal>(), DgwAbnormalStartFailed);
+    EXPECT_TRUE(MultiDgwMgr::instance()->gateways().isEmpty());
+    EXPECT_EQ(success.count(), 0);
     release_vms_client_sdk();
 }
 
 } // namespace
 
-// The whole library, as an application uses it: after release every gateway has exited and
-// the release line is the last line of the log.
-TEST(GatewayLifecycle, ReleaseStopsEveryGatewayAndLogsNothingAfterwards)
+// After release every gateway process has exited.
+TEST(GatewayLifecycle, ReleaseStopsEveryGatewayProcess)
 {
     qunsetenv("VMS_DGW_SIM_CONFIG"); // the simulator's own network
     init_vms_client_sdk();
@@ -74,38 +76,4 @@ TEST(GatewayLifecycle, ReleaseStopsEveryGatewayAndLogsNothingAfterwards)
 
     release_vms_client_sdk();
     EXPECT_TRUE(vms_test::waitFor([&] { return !isRunning(pids[0]) && !isRunning(pids[1]); }));
-    QCoreApplication::processEvents();
-    const QStringList lines =
-        vms_test::readLines(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
-                            QStringLiteral("/vms.client.log"));
-    ASSERT_FALSE(lines.isEmpty());
-    EXPECT_TRUE(lines.last().endsWith(QStringLiteral("release vms client sdk")));
-}
-
-// A push the simulator is told to send reaches the application as its signal.
-TEST(GatewayLifecycle, ScheduledPushesReachTheApplication)
-{
-    const QString config = vms_test::tempDir() + QStringLiteral("/pushes.json");
-    QFile file(config);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(R"({"idleExitMs": 10000, "pushes": [
-        {"type": "devStatus", "afterMs": 10, "devId": "cam-1", "status": 1},
-        {"type": "alarm", "afterMs": 20, "alarmId": "a-1", "alarmType": "motion",
-         "channelId": {"devId": "cam-1", "channelIndex": 1}, "alarmName": "Motion"}]})");
-    file.close();
-    qputenv("VMS_DGW_SIM_CONFIG", config.toUtf8());
-
-    init_vms_client_sdk();
-    QSignalSpy status(ClientSignals::instance(), &ClientSignals::signalDevStatusPush);
-    QSignalSpy alarm(ClientSignals::instance(), &ClientSignals::signalCommonAlarmPush);
-    prepare_start_dgw_req(InitDgwCondition{}, QStringLiteral(VMS_DGW_SIM_PATH), 1);
-    ASSERT_TRUE(
-        vms_test::waitFor([&] { return status.count() == 1 && alarm.count() == 1; }, 20000));
-    EXPECT_EQ(status[0][0].toString(), "cam-1");
-    EXPECT_EQ(status[0][1].value<DevStatus>(), DevStatusOffline);
-    const auto pushed = alarm[0][0].value<AlarmInfo>();
-    EXPECT_EQ(pushed.alarmId, "a-1");
-    EXPECT_EQ(pushed.alarmType, "motion");
-    EXPECT_EQ(pushed.channelId.channelIndex, 1u);
-    release_vms_client_sdk();
 }

@@ -106,11 +106,11 @@ TEST_F(PrivateNamesTest, AnOpenFolderOfOursIsClosedAndAnythingElseIsRefused)
             EXPECT_EQ(modeOf(folder), 0700) << row.name;
         }
     }
-    int refused = 0;
-    for (const QString& line : vms_test::readLines(logPath))
-        refused += line.endsWith(
-            QStringLiteral("dgw server folder %1 is not private, no dgw started").arg(folder));
-    EXPECT_EQ(refused, 4);
+    EXPECT_EQ(
+        vms_test::countLines(
+            logPath,
+            QStringLiteral("dgw server folder %1 is not private, no dgw started").arg(folder)),
+        4);
 }
 
 TEST_F(PrivateNamesTest, WithoutARuntimeFolderTheTempFolderHoldsOneNamedWithOurUser)
