@@ -96,6 +96,9 @@ const Row rows[] = {
     {"ifconfig_get_inet", false, R"({"iface": "wifi"})", "signalGetDevNetModeRes", "[1]"},
     {"storage_format_get_progress", false, R"({"progress": 60, "finished": false, "status": "normal"})",
      "signalGetDevDiskFormattingProgressRes", "[60, false, true]"},
+    // Normal only when the device says so in exactly these letters.
+    {"storage_format_get_progress", false, R"({"progress": 100, "finished": true, "status": "Normal"})",
+     "signalGetDevDiskFormattingProgressRes", "[100, true, false]"},
     {"intelligence_face_capture_get_history_list", true,
      R"({"page_num": 1, "total_cnt": 30, "face_capture_list": [{"channelid": 2, "time": "2024-03-01 11:00:00", "age": 30, "gender": 1, "hair": 2, "eyeglass": 1, "mask": 0, "beard": 1, "hat": 0, "expression": 3, "obj_picName": "/cap/o1.jpg", "frm_picName": "/cap/f1.jpg"}]})",
      "signalGetFaceRecRecordsRes",
@@ -207,20 +210,6 @@ TEST_F(CommonResWorkerTest, MissingKeysAndAMissingErrorGiveDefaults)
     EXPECT_EQ(argumentsAfterResponse(args), json("[0, false, false]").toArray());
 }
 
-TEST_F(CommonResWorkerTest, TheFormattingStatusIsNormalOnlyWhenTheDeviceSaysSoExactly)
-{
-    const std::pair<const char*, bool> statuses[] = {
-        {"normal", true}, {"Normal", false}, {"abnormal", false}, {"", false}};
-    for (const auto& [status, normal] : statuses) {
-        SCOPED_TRACE(status);
-        emissions.clear();
-        answer(envelope("storage_format_get_progress", 0,
-                        QJsonObject{{"progress", 100}, {"finished", true}, {"status", status}}));
-        EXPECT_EQ(emissions.argumentsOf("signalGetDevDiskFormattingProgressRes").value(3).toBool(),
-                  normal);
-    }
-}
-
 TEST_F(CommonResWorkerTest, EveryInterfaceHasItsNetModeAndAnUnknownOneIsWired)
 {
     const std::pair<const char*, int> modes[] = {{"eth", 0},  {"wifi", 1}, {"_4G", 2},  {"ppp", 3},
@@ -233,18 +222,21 @@ TEST_F(CommonResWorkerTest, EveryInterfaceHasItsNetModeAndAnUnknownOneIsWired)
     }
 }
 
+// A wrapped answer fails on the wrapper's own error or on its inner document.
 TEST_F(CommonResWorkerTest, AnswersThatCannotBeReadFailTheRequest)
 {
-    const QByteArray notJson = QByteArrayLiteral("{\"method\": ");
+    const auto text = [](const QJsonObject& document) {
+        return QString::fromUtf8(documentText(document));
+    };
     struct Case
     {
         const char* what;
         QString text;
         int code;
-        QString logLine;
+        QString logLine; // empty: none looked for
     };
     const QList<Case> cases{
-        {"not JSON", QString::fromLatin1(notJson), -61003,
+        {"not JSON", R"({"method": )", -61003,
          "parse [common response json data] failure:{\"method\": "},
         {"an array", "[1, 2]", -61003, "parse [common response json data] failure:[1, 2]"},
         {"a method in other letter case", R"({"method": "Storage_Get_Info"})", -61005,
@@ -252,48 +244,24 @@ TEST_F(CommonResWorkerTest, AnswersThatCannotBeReadFailTheRequest)
         {"a method with no parser", R"({"method": "image_get_param"})", -61005,
          "method is not supported:"},
         {"no method", R"({"error": {"errorcode": 0}})", -61005, "method is not supported:"},
+        // The wrapper's own error, even with a readable inner answer beside it.
+        {"an error of the wrapper",
+         text(envelope("dev_trans_userparam", 1005,
+                       QJsonObject{{"resp_data",
+                                    QString::fromLatin1(
+                                        documentText(envelope("group_add", 0, {})).toBase64())}})),
+         1005, QString()},
+        {"an inner document that is not JSON",
+         text(envelope("dev_trans_userparam", 0, QJsonObject{{"resp_data", "bm90IGpzb24="}})),
+         -61003, "parse [pvu transparent common resp data] failure:not json"},
+        {"a plain method wrapped", text(wrapped(envelope("storage_format", 0, {}))), -61005,
+         "pvu method is not supported:"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         emissions.clear();
         newLogLines();
         worker->handleCommonRes(QStringLiteral("r1"), c.text);
-        ASSERT_EQ(emissions.names(), QStringList{"signalCommonRequestFailed"});
-        EXPECT_EQ(emissions.argumentsOf("signalCommonRequestFailed"), (QVariantList{"r1", c.code}));
-        EXPECT_TRUE(newLogLines().contains(c.logLine)) << c.logLine.toStdString();
-    }
-}
-
-TEST_F(CommonResWorkerTest, WrappedAnswersFailOnTheWrapperOrTheInnerDocument)
-{
-    struct Case
-    {
-        const char* what;
-        QJsonObject document;
-        int code;
-        QString logLine;
-    };
-    const QList<Case> cases{
-        // The wrapper's own error, even with a readable inner answer beside it.
-        {"an error of the wrapper",
-         envelope("dev_trans_userparam", 1005,
-                  QJsonObject{
-                      {"resp_data", QString::fromLatin1(
-                                        documentText(envelope("group_add", 0, {})).toBase64())}}),
-         1005, QString()},
-        {"an inner document that is not JSON",
-         envelope("dev_trans_userparam", 0, QJsonObject{{"resp_data", "bm90IGpzb24="}}), -61003,
-         "parse [pvu transparent common resp data] failure:not json"},
-        {"an inner method in other letter case", wrapped(envelope("Group_Add", 0, {})), -61005,
-         "pvu method is not supported:"},
-        {"a plain method wrapped", wrapped(envelope("storage_format", 0, {})), -61005,
-         "pvu method is not supported:"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        emissions.clear();
-        newLogLines();
-        answer(c.document);
         ASSERT_EQ(emissions.names(), QStringList{"signalCommonRequestFailed"});
         EXPECT_EQ(emissions.argumentsOf("signalCommonRequestFailed"), (QVariantList{"r1", c.code}));
         if (!c.logLine.isEmpty()) {
@@ -416,15 +384,11 @@ protected:
                 pages.append({QString::fromStdString(request.request_id()),
                               document["param"]["pageNum"].toInt()});
             });
-        MessageHamal::instance()->slotGetEventRecordsReq(
-            {.requestId = "ev", .channelId = {.devId = "cam-1", .channelIndex = 1}});
     }
     void TearDown() override
     {
         MessageHamal::instance()->setSendOperation(
             [](MessageType, const QByteArray&, const QString&) {});
-        while (MessageHamal::instance()->requestMgr()->removeRequest("ev")) {
-        }
     }
 
     // One page of the answer, with `count` events of type 5 and the total the device reports.
@@ -455,49 +419,51 @@ protected:
     QSignalSpy records{ClientSignals::instance(), &ClientSignals::signalGetEventRecordsRes};
 };
 
-TEST_F(EventPagingTest, PagesAreAskedForUntilTheTotalIsCollected)
+TEST_F(EventPagingTest, PagesAreAskedForUntilTheTotalOrAnEmptyPageOrAnError)
 {
-    ASSERT_EQ(pages, (QList<std::pair<QString, int>>{{"ev", 1}}));
-    answerPage(5, 2);
-    ASSERT_TRUE(vms_test::waitFor([&] { return pages.size() == 2; }));
-    answerPage(5, 2);
-    ASSERT_TRUE(vms_test::waitFor([&] { return pages.size() == 3; }));
-    EXPECT_TRUE(records.isEmpty());
-    answerPage(5, 1);
-    ASSERT_EQ(records.count(), 1);
-    EXPECT_EQ(pages, (QList<std::pair<QString, int>>{{"ev", 1}, {"ev", 2}, {"ev", 3}}));
-    EXPECT_EQ(delivered(), 5);
-    EXPECT_FALSE(worker.collectingEvents("ev"));
-}
-
-TEST_F(EventPagingTest, AnEmptyPageEndsTheCollection)
-{
-    answerPage(10, 2);
-    ASSERT_TRUE(vms_test::waitFor([&] { return pages.size() == 2; }));
-    answerPage(10, 0);
-    ASSERT_EQ(records.count(), 1);
-    EXPECT_EQ(delivered(), 2);
-    EXPECT_EQ(pages.size(), 2);
-}
-
-TEST_F(EventPagingTest, AnErrorEndsTheCollectionAtOnce)
-{
-    answerPage(10, 2);
-    ASSERT_TRUE(vms_test::waitFor([&] { return pages.size() == 2; }));
-    answerPage(10, 2, 1003);
-    ASSERT_EQ(records.count(), 1);
-    EXPECT_EQ(records[0][0].value<Response>().errCode, 1003);
-    EXPECT_EQ(delivered(), 0);
-    EXPECT_FALSE(worker.collectingEvents("ev"));
-    EXPECT_EQ(pages.size(), 2);
-}
-
-TEST_F(EventPagingTest, ANegativeTotalCountsAsNone)
-{
-    answerPage(-5, 2);
-    ASSERT_EQ(records.count(), 1);
-    EXPECT_EQ(delivered(), 2);
-    EXPECT_EQ(pages.size(), 1);
+    struct Page
+    {
+        int total;
+        int count;
+        int code;
+    };
+    struct Case
+    {
+        const char* what;
+        QList<Page> answers; // each but the last asks for the next page
+        int delivered;
+        int code;
+    };
+    const Case cases[] = {
+        {"the total collected", {{5, 2, 0}, {5, 2, 0}, {5, 1, 0}}, 5, 0},
+        {"an empty page", {{10, 2, 0}, {10, 0, 0}}, 2, 0},
+        {"an error", {{10, 2, 0}, {10, 2, 1003}}, 0, 1003},
+        {"a negative total counts as none", {{-5, 2, 0}}, 2, 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        while (MessageHamal::instance()->requestMgr()->removeRequest("ev")) {
+        }
+        pages.clear();
+        records.clear();
+        MessageHamal::instance()->slotGetEventRecordsReq(
+            {.requestId = "ev", .channelId = {.devId = "cam-1", .channelIndex = 1}});
+        QList<std::pair<QString, int>> asked{{"ev", 1}};
+        for (int i = 0; i < c.answers.size(); ++i) {
+            ASSERT_EQ(pages, asked);
+            EXPECT_TRUE(records.isEmpty());
+            answerPage(c.answers[i].total, c.answers[i].count, c.answers[i].code);
+            if (i + 1 < c.answers.size()) {
+                asked.append({"ev", i + 2});
+                ASSERT_TRUE(vms_test::waitFor([&] { return pages.size() == asked.size(); }));
+            }
+        }
+        ASSERT_EQ(records.count(), 1);
+        EXPECT_EQ(records[0][0].value<Response>().errCode, c.code);
+        EXPECT_EQ(delivered(), c.delivered);
+        EXPECT_EQ(pages, asked);
+        EXPECT_FALSE(worker.collectingEvents("ev"));
+    }
 }
 
 } // namespace
