@@ -51,21 +51,6 @@ TEST(Log, WritesOneFlushedLinePerCallWithLevelAndTaggedText)
     release_vms_log();
 }
 
-TEST(Log, NothingIsWrittenAfterReleaseAndReleasingTwiceIsHarmless)
-{
-    const QString path = freshLogPath();
-    log_info(QStringLiteral("before any log is open"), tag);
-    init_vms_log(path, QStringLiteral("kit"));
-    log_info(QStringLiteral("kept"), tag);
-    release_vms_log();
-    log_info(QStringLiteral("lost"), tag);
-    release_vms_log();
-
-    const QStringList lines = vms_test::readLines(path);
-    ASSERT_EQ(lines.size(), 1);
-    EXPECT_TRUE(lines[0].endsWith(tag + QStringLiteral("kept")));
-}
-
 TEST(Log, LinesFromManyThreadsStayWhole)
 {
     const QString path = freshLogPath();
