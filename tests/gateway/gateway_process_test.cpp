@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 // SPDX-FileCopyrightText: the vms_client_sdk developers
 
-// The gateway manager against real gateway processes: the simulator, started exactly as the
-// library starts a gateway. Losses and refusals of real processes are in the fault injection
-// tests, the manager's own rules against fake gateways in multi_dgw_mgr_test.
+// The gateway manager against real processes: a program the system cannot start, and
+// simulator gateways at release. Losses and refusals of real processes are in the fault
+// injection tests, the manager's own rules against fake gateways in multi_dgw_mgr_test.
+#include "support/sim_gateways.h"
 #include "support/test_support.h"
 
 #include <vms_sdk/vms_client_sdk.h>
 
 #include "vms_sdk/gateway/multi_dgw_mgr.h"
 
-#include <QDir>
 #include <QFile>
 #include <QSignalSpy>
 
@@ -55,25 +55,12 @@ TEST(GatewayLifecycle, AMissingProgramIsAStartFailure)
 // After release every gateway process has exited.
 TEST(GatewayLifecycle, ReleaseStopsEveryGatewayProcess)
 {
-    qunsetenv("VMS_DGW_SIM_CONFIG"); // the simulator's own network
-    init_vms_client_sdk();
-    QSignalSpy success(ClientSignals::instance(), &ClientSignals::signalPrepareStartDgwSuccess);
-    prepare_start_dgw_req(InitDgwCondition{}, QStringLiteral(VMS_DGW_SIM_PATH), 150);
-    ASSERT_TRUE(vms_test::waitFor([&] { return success.count() == 1; }, 20000));
-    set_managed_devs_cmd(devices(150));
-
-    // The gateways are found by their unique server names on their command lines.
-    QList<qint64> pids;
-    for (const MessageSocket* gateway : MultiDgwMgr::instance()->gateways()) {
-        for (const QString& entry : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
-            QFile cmdline(QStringLiteral("/proc/%1/cmdline").arg(entry));
-            if (cmdline.open(QIODevice::ReadOnly) &&
-                cmdline.readAll().contains(gateway->serverName().toUtf8() + '\0'))
-                pids.append(entry.toLongLong());
-        }
-    }
+    vms_test::SimGateways gateways;
+    gateways.start(QStringLiteral(VMS_DGW_SIM_PATH), R"({"idleExitMs": 10000})", devices(150));
+    const QList<qint64>& pids = gateways.pids;
     ASSERT_EQ(pids.size(), 2);
 
     release_vms_client_sdk();
     EXPECT_TRUE(vms_test::waitFor([&] { return !isRunning(pids[0]) && !isRunning(pids[1]); }));
+    gateways.stop();
 }

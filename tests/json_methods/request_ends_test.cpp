@@ -5,6 +5,7 @@
 // ClientSignals signal: its own, a failure or a time-out.
 #include "support/request_answer_map.h"
 #include "support/signal_recorder.h"
+#include "support/sim_gateways.h"
 #include "support/test_support.h"
 
 #include <vms_sdk/vms_client_sdk.h>
@@ -12,7 +13,6 @@
 #include "vms_sdk/request/message_hamal.h"
 #include "vms_sdk/request/request_mgr.h"
 
-#include <QFile>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
@@ -28,30 +28,21 @@ protected:
     // is in the fault injection tests.
     void start()
     {
-        const QString config = vms_test::tempDir() + QStringLiteral("/request_ends.json");
-        QFile file(config);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(R"({"idleExitMs": 10000})");
-        file.close();
-        qputenv("VMS_DGW_SIM_CONFIG", config.toUtf8());
-
-        init_vms_client_sdk();
-        // Short enough that a request nobody answers ends within the test.
-        MessageHamal::instance()->requestMgr()->setTimeoutInterval(3000);
-        QSignalSpy ready(ClientSignals::instance(), &ClientSignals::signalPrepareStartDgwSuccess);
-        prepare_start_dgw_req(InitDgwCondition{}, QStringLiteral(VMS_DGW_SIM_PATH), 3);
-        ASSERT_TRUE(vms_test::waitFor([&] { return ready.count() == 1; }, 20000));
-        QSignalSpy status(ClientSignals::instance(), &ClientSignals::signalDevStatusPush);
-        set_managed_devs_cmd({DevInfo{.id = QStringLiteral("cam-1")},
-                              DevInfo{.id = QStringLiteral("cam-2")},
-                              DevInfo{.id = QStringLiteral("nvr-1")}});
-        ASSERT_TRUE(vms_test::waitFor([&] { return status.count() >= 3; }, 10000));
+        const QList<DevInfo> devs{DevInfo{.id = QStringLiteral("cam-1")},
+                                  DevInfo{.id = QStringLiteral("cam-2")},
+                                  DevInfo{.id = QStringLiteral("nvr-1")}};
+        gateways.start(QStringLiteral(VMS_DGW_SIM_PATH), R"({"idleExitMs": 10000})", devs, [] {
+            // Short enough that a request nobody answers ends within the test.
+            MessageHamal::instance()->requestMgr()->setTimeoutInterval(3000);
+        });
     }
     void TearDown() override
     {
         MessageHamal::instance()->requestMgr()->setTimeoutInterval(RequestMgr::DefaultTimeoutMs);
-        release_vms_client_sdk();
+        gateways.stop();
     }
+
+    vms_test::SimGateways gateways;
 };
 
 TEST_F(RequestEndsTest, EveryRequestEndsExactlyOnceOnItsSignal)
