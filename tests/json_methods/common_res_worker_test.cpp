@@ -97,7 +97,8 @@ const Row rows[] = {
     {"storage_format_get_progress", false, R"({"progress": 60, "finished": false, "status": "normal"})",
      "signalGetDevDiskFormattingProgressRes", "[60, false, true]"},
     // Normal only when the device says so in exactly these letters.
-    {"storage_format_get_progress", false, R"({"progress": 100, "finished": true, "status": "Normal"})",
+    {"storage_format_get_progress", false,
+     R"({"progress": 100, "finished": true, "status": "Normal"})",
      "signalGetDevDiskFormattingProgressRes", "[100, true, false]"},
     {"intelligence_face_capture_get_history_list", true,
      R"({"page_num": 1, "total_cnt": 30, "face_capture_list": [{"channelid": 2, "time": "2024-03-01 11:00:00", "age": 30, "gender": 1, "hair": 2, "eyeglass": 1, "mask": 0, "beard": 1, "hat": 0, "expression": 3, "obj_picName": "/cap/o1.jpg", "frm_picName": "/cap/f1.jpg"}]})",
