@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 // SPDX-FileCopyrightText: the vms_client_sdk developers
 //
-// What the simulated devices keep and generate: sets read back by gets, generated recordings
-// and face records, the operations that take time (reboot, upgrade, file transfer), the errors
-// for what is not there, and the malformed-answer fault.
+// What the simulated devices keep and generate: sets read back by gets, generated recordings,
+// logins after password changes and activation, a reboot that takes time, the errors for what
+// is not there, and the malformed-answer fault.
 
 #include "domain_support.h"
 
@@ -29,14 +29,6 @@ vms_sdk_proto::DevNetGetRes getNet(SimProcess& sim, const char* devId)
     request.set_request_id("{get-net}");
     request.set_dev_id(devId);
     return ask<vms_sdk_proto::DevNetGetRes>(sim, DevNetGetReq, request, DevNetGetRes);
-}
-
-vms_sdk_proto::Response setName(SimProcess& sim, const char* devId, const char* name)
-{
-    vms_sdk_proto::ModifyDevNameReq request;
-    request.set_dev_id(devId);
-    request.set_dev_name(name);
-    return ask<vms_sdk_proto::Response>(sim, ModifyDevNameReq, request, DevConfigRes);
 }
 
 // "1 Door, 2 Preset 2": a channel's presets as one comparable text.
@@ -110,57 +102,6 @@ TEST_F(DomainState, NetworkSettingsReadBackAndMoveTheDevice)
     EXPECT_EQ(ask<vms_sdk_proto::DevNetSetRes>(sim, DevNetSetReq, set, DevNetSetRes).error().code(),
               1006);
     EXPECT_EQ(getNet(sim, "cam-2").net_info().ip(), "10.0.5.9");
-}
-
-TEST_F(DomainState, PlatformSettingsReadBack)
-{
-    SimProcess& sim = startSim(domainNetwork);
-    ASSERT_TRUE(sim.initialise());
-    vms_sdk_proto::DevPlatformSetReq set;
-    set.set_dev_id("cam-2");
-    set.mutable_platform_info()->set_attr_1(true);
-    set.mutable_platform_info()->set_platform_addr("platform.example");
-    set.mutable_platform_info()->set_attr_4(5060);
-    set.mutable_platform_info()->set_attr_5(3);
-    EXPECT_EQ(
-        ask<vms_sdk_proto::Response>(sim, DevPlatformSetReq, set, DevPlatformSetRes).error().code(),
-        0);
-    struct Row
-    {
-        bool withStatus;
-        bool registered;
-    };
-    for (const Row& row : {Row{false, false}, Row{true, true}}) {
-        vms_sdk_proto::DevPlatformGetReq get;
-        get.set_dev_id("cam-2");
-        get.set_attr_4(row.withStatus);
-        const auto platform =
-            ask<vms_sdk_proto::DevPlatformGetRes>(sim, DevPlatformGetReq, get, DevPlatformGetRes)
-                .platform_info();
-        EXPECT_TRUE(platform.attr_1());
-        EXPECT_EQ(platform.platform_addr(), "platform.example");
-        EXPECT_EQ(platform.attr_3(), row.registered) << row.withStatus;
-        EXPECT_EQ(platform.attr_4(), 5060);
-        EXPECT_EQ(platform.attr_5(), 3);
-    }
-
-    vms_sdk_proto::DevPlatform_kvrSetReq setKvr;
-    setKvr.set_dev_id("cam-2");
-    vms_sdk_proto::DevPlatformInfo_kvr& kvr = *setKvr.mutable_platform_info();
-    kvr.set_attr_1(true);
-    kvr.set_attr_2(true);
-    kvr.set_online_server("online.example");
-    kvr.set_attr_4(true);
-    kvr.set_bussiness_server("business.example");
-    sim.send(DevPlatform_kvrSetReq, setKvr);
-    sim.takePayload(DevPlatform_kvrSetRes);
-    vms_sdk_proto::DeviceReq getKvr;
-    getKvr.set_dev_id("cam-2");
-    EXPECT_EQ(ask<vms_sdk_proto::DevPlatform_kvrGetRes>(sim, DevPlatform_kvrGetReq, getKvr,
-                                                        DevPlatform_kvrGetRes)
-                  .platform_info()
-                  .SerializeAsString(),
-              kvr.SerializeAsString());
 }
 
 TEST_F(DomainState, PresetAndPatrolOperationsChangeTheLists)
@@ -272,28 +213,6 @@ TEST_F(DomainState, PresetAndPatrolOperationsChangeTheLists)
     sim.send(PatrolOperReq, patrol(2, 0)());
     EXPECT_EQ(parsedAs<vms_sdk_proto::Response>(sim.takePayload(PatrolOperRes)).error().code(),
               1006);
-}
-
-TEST_F(DomainState, NamesShowInTheChannelsAndTheSearch)
-{
-    SimProcess& sim = startSim(domainNetwork);
-    ASSERT_TRUE(sim.initialise());
-    vms_sdk_proto::SetOSDReq osd;
-    *osd.mutable_channel_id() = channelOf("nvr-1", 2);
-    osd.set_osd("Back hall");
-    EXPECT_EQ(ask<vms_sdk_proto::Response>(sim, SetOSDReq, osd, DevConfigRes).error().code(), 0);
-    EXPECT_EQ(setName(sim, "cam-2", "Yard").error().code(), 0);
-    EXPECT_EQ(setName(sim, "cam-2", "").error().code(), 1006);
-
-    sim.send(GetDevChannelsInfoCmd, QByteArray("nvr-1"));
-    const auto channels = sim.take<vms_sdk_proto::DevChannelsInfoPush>(DevChannelsInfoPush);
-    ASSERT_EQ(channels.channels_size(), 2);
-    EXPECT_EQ(channels.channels(0).osd(), "Door");
-    EXPECT_EQ(channels.channels(1).osd(), "Back hall");
-    sim.send(BroadcastSearchDevsCmd, QByteArray());
-    const auto found = sim.take<vms_sdk_proto::SearchedDevsPush>(BroadcastSearchedDevsPush);
-    ASSERT_EQ(found.devs_size(), 3);
-    EXPECT_EQ(found.devs(1).name(), "Yard");
 }
 
 TEST_F(DomainState, TheFaceLibraryPagesAndChanges)
@@ -450,100 +369,6 @@ TEST_F(DomainState, RecordingsCoverTheAskedRangeInWholeFiles)
     }
 }
 
-TEST_F(DomainState, FaceRecordsArePagedOverTheAskedRange)
-{
-    struct Row
-    {
-        const char* begin;
-        const char* end;
-        unsigned page;
-        unsigned size;
-        int count;
-        unsigned total;
-        const char* first;
-    };
-    // A record every 10 minutes; both ends of the range count.
-    const Row rows[] = {
-        {"2024-03-01 08:00:00", "2024-03-01 09:00:00", 1, 0, 7, 7, "2024-03-01 08:00:00"},
-        {"2024-03-01 08:00:01", "2024-03-01 08:59:59", 1, 0, 5, 5, "2024-03-01 08:10:00"},
-        {"2024-03-01 08:00:00", "2024-03-01 09:00:00", 2, 3, 3, 7, "2024-03-01 08:30:00"},
-        {"2024-03-01 08:00:00", "2024-03-01 09:00:00", 3, 3, 1, 7, "2024-03-01 09:00:00"},
-        {"2024-03-01 08:00:00", "2024-03-01 09:00:00", 4, 3, 0, 7, ""},
-        {"2024-03-01 09:00:00", "2024-03-01 08:00:00", 1, 0, 0, 0, ""},
-        {"2024-03-01 00:00:00", "2024-12-31 23:59:59", 1, 20, 20, 44064, "2024-03-01 00:00:00"},
-    };
-    SimProcess& sim = startSim(domainNetwork);
-    ASSERT_TRUE(sim.initialise());
-    for (const Row& row : rows) {
-        SCOPED_TRACE(std::string(row.begin) + " - " + row.end + " page " +
-                     std::to_string(row.page) + "/" + std::to_string(row.size));
-        vms_sdk_proto::GetFaceDetectRecordsReq request;
-        *request.mutable_channel_id() = channelOf("cam-1", 1);
-        request.set_attr_3(row.page);
-        request.set_attr_4(row.size);
-        request.set_begin_time(row.begin);
-        request.set_end_time(row.end);
-        const auto answer = ask<vms_sdk_proto::GetFaceDetectRecordsRes>(
-            sim, GetFaceDetectRecordsReq, request, GetFaceDetectRecordsRes);
-        EXPECT_EQ(answer.error().code(), 0);
-        ASSERT_EQ(answer.records_size(), row.count);
-        EXPECT_EQ(answer.attr_4(), row.total);
-        if (row.count > 0) {
-            EXPECT_EQ(answer.records(0).detect_time(), row.first);
-        }
-    }
-}
-
-TEST_F(DomainState, AnUpgradeRisesToTheFinishPush)
-{
-    SimProcess& sim = startSim(withKeys(domainNetwork, R"(, "upgradeMs": 400)"));
-    ASSERT_TRUE(sim.initialise());
-    vms_sdk_proto::DeviceReq progress;
-    progress.set_request_id("{progress}");
-    progress.set_dev_id("cam-1");
-    vms_sdk_proto::DevUpgradeReq start;
-    start.set_dev_id("cam-1");
-    start.set_mode("url");
-    sim.send(DoDevUpgradeCmd, start);
-
-    std::vector<int> percents;
-    std::vector<std::string> phases;
-    int finishPushes = 0;
-    ASSERT_TRUE(waitFor([&] {
-        sim.send(GetDevUpgradeProgressReq, progress);
-        for (const Frame& frame : sim.takeUntil(GetDevUpgradeProgressRes)) {
-            if (frame.type == UploadUpgradeFileFinishedPush) {
-                EXPECT_EQ(frame.payload, QByteArray("cam-1"));
-                ++finishPushes;
-                continue;
-            }
-            const auto answer = parsedAs<vms_sdk_proto::DevUpgradeRes>(frame.payload);
-            EXPECT_EQ(answer.request_id(), "{progress}");
-            percents.push_back(answer.attr_7());
-            if (phases.empty() || phases.back() != answer.phase())
-                phases.push_back(answer.phase());
-        }
-        return percents.back() == 100;
-    }));
-    EXPECT_TRUE(std::is_sorted(percents.begin(), percents.end()));
-    EXPECT_EQ(phases.front(), "transferring");
-    EXPECT_EQ(phases.back(), "finished");
-    if (finishPushes == 0)
-        sim.takeUntil(UploadUpgradeFileFinishedPush);
-    EXPECT_LE(finishPushes, 1);
-
-    // The device runs the new firmware, and nothing newer is on offer.
-    vms_sdk_proto::DevUpgradeReq check;
-    check.set_dev_id("cam-1");
-    const auto checked =
-        ask<vms_sdk_proto::DevUpgradeRes>(sim, CheckDevUpgradeReq, check, CheckDevUpgradeRes);
-    EXPECT_FALSE(checked.attr_5());
-    EXPECT_EQ(checked.attr_3(), 2);
-    sim.send(SearchDevsCmd, QByteArray());
-    EXPECT_EQ(sim.take<vms_sdk_proto::SearchedDevsPush>(SearchedDevsPush).devs(0).version(),
-              "V2.0.0");
-}
-
 TEST_F(DomainState, ActivationAndPasswordResetResults)
 {
     SimProcess& sim = startSim(domainNetwork);
@@ -619,42 +444,6 @@ TEST_F(DomainState, ActivationAndPasswordResetResults)
     set.mutable_devs(0)->set_password("reset");
     sim.send(SetManagedDevsCmd, set);
     EXPECT_EQ(sim.take<vms_sdk_proto::DevStatusPush>(DevStatusPush).status(), 0);
-}
-
-TEST_F(DomainState, AFactoryResetRestoresTheConfigFile)
-{
-    struct Row
-    {
-        bool keepNetwork;
-        const char* ip;
-    };
-    for (const Row& row : {Row{false, "10.0.0.11"}, Row{true, "10.0.7.7"}}) {
-        SCOPED_TRACE(row.keepNetwork);
-        SimProcess& sim = startSim(domainNetwork);
-        ASSERT_TRUE(sim.initialise());
-        vms_sdk_proto::DevNetSetReq net;
-        net.set_dev_id("cam-1");
-        net.mutable_net_info()->set_ip("10.0.7.7");
-        sim.send(DevNetSetReq, net);
-        sim.takePayload(DevNetSetRes);
-        vms_sdk_proto::PresetOperReq preset;
-        *preset.mutable_channel_id() = channelOf("cam-1", 1);
-        preset.set_attr_3(1);
-        preset.set_attr_5(2);
-        sim.send(PresetOperReq, preset);
-        sim.takePayload(PresetOperRes);
-        EXPECT_EQ(setName(sim, "cam-1", "Renamed").error().code(), 0);
-
-        vms_sdk_proto::RestoreFactoryCmd restore;
-        restore.add_devs_id("cam-1");
-        restore.set_attr_2(row.keepNetwork);
-        sim.send(RestoreFactoryCmd, restore);
-        EXPECT_EQ(presetsOf(sim), "1 Door, 2 Preset 2, 5 Road");
-        EXPECT_EQ(getNet(sim, "cam-1").net_info().ip(), row.ip);
-        sim.send(SearchDevsCmd, QByteArray());
-        EXPECT_EQ(sim.take<vms_sdk_proto::SearchedDevsPush>(SearchedDevsPush).devs(0).name(),
-                  "Gate");
-    }
 }
 
 TEST_F(DomainState, ARebootGoesOfflineAndComesBack)
@@ -769,49 +558,6 @@ TEST_F(DomainState, RequestsForWhatIsNotThereAreErrors)
         EXPECT_EQ(head.request_id(), "{error}");
         EXPECT_EQ(head.error().code(), row.code);
         EXPECT_FALSE(head.error().err_msg().empty());
-    }
-}
-
-TEST_F(DomainState, CommandsCauseOnlyTheirOwnPushes)
-{
-    const auto devList = [](std::initializer_list<const char*> ids) {
-        vms_sdk_proto::DevList list;
-        for (const char* id : ids)
-            list.add_devs_id(id);
-        return bytesOf(list);
-    };
-    vms_sdk_proto::DevTimingCmd timing;
-    timing.add_devs_id("cam-1");
-    timing.set_time("2024-03-01 08:00:00");
-    vms_sdk_proto::DevUpgradeReq upgrade;
-    upgrade.set_dev_id("cam-3"); // unplugged: nothing starts
-    struct Row
-    {
-        const char* name;
-        int type;
-        QByteArray payload;
-        QList<int> pushes; // what follows at once, before any timed push
-    };
-    // The reboot comes last: the device it takes offline comes back later.
-    const Row rows[] = {
-        {"set the clock", DevTimingCmd, bytesOf(timing), {}},
-        {"upgrade of an unplugged device", DoDevUpgradeCmd, bytesOf(upgrade), {}},
-        {"reconnect",
-         ReconnectDevsCmd,
-         devList({"cam-1", "cam-3", "ghost"}),
-         {DevStatusPush, DevInfoPush, DevStatusPush}},
-        {"reboot", RebootDevsCmd, devList({"cam-1", "ghost"}), {DevStatusPush}},
-    };
-    SimProcess& sim = startSim(domainNetwork);
-    ASSERT_TRUE(sim.initialise());
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.name);
-        sim.send(row.type, row.payload);
-        // The search answer follows whatever the command caused at once.
-        sim.send(SearchDevsCmd, QByteArray());
-        QList<int> types = typesOf(sim.takeUntil(SearchedDevsPush));
-        types.removeLast();
-        EXPECT_EQ(types, row.pushes);
     }
 }
 

@@ -194,13 +194,6 @@ TEST_F(StreamBytesTest, ControlRequestsGoOnTheirStreamAndUnknownIdsAreIgnored)
                "\x0a\x03"
                "1/2",
                18)},
-        {"download speed 8", [](StreamId s) { download_speed_set_req(s, "8"); },
-         bytes("\0\0\0\0\0\0\0\x04"
-               "\x6e"
-               "\0\0\0\x03"
-               "\x0a\x01"
-               "8",
-               16)},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
