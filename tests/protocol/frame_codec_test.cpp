@@ -6,7 +6,6 @@
 #include "vms_protocol/frame_codec.h"
 
 #include <QDataStream>
-#include <QRandomGenerator>
 
 #include <gtest/gtest.h>
 
@@ -110,35 +109,6 @@ TEST(FrameReader, AOneMebibytePayloadInSixtyFourKibibytePieces)
     }
     ASSERT_EQ(frames.size(), 1);
     EXPECT_EQ(frames[0].payload, payload);
-}
-
-TEST(FrameReader, RandomChunkingOfALongStreamDeliversTheSameFramesInOrder)
-{
-    QRandomGenerator random(20261122);
-    QList<Frame> sent;
-    QByteArray stream;
-    for (int i = 0; i < 500; ++i) {
-        const int size = random.bounded(3) == 0 ? 0 : random.bounded(3000);
-        QByteArray payload(size, char('a' + i % 26));
-        if (i % 50 == 0)
-            payload = QByteArray(); // a null payload now and then
-        sent.append({qint8(i % 113 + 1), payload});
-        stream += FrameCodec::encode(sent.last().type, payload);
-    }
-    ChunkDevice device;
-    FrameReader reader;
-    QList<Frame> received;
-    for (int offset = 0; offset < stream.size();) {
-        const int piece = random.bounded(1, 5000);
-        device.feed(stream.mid(offset, piece));
-        offset += piece;
-        received += readAll(device, reader);
-    }
-    ASSERT_EQ(received.size(), sent.size());
-    for (int i = 0; i < sent.size(); ++i) {
-        ASSERT_EQ(received[i].type, sent[i].type) << i;
-        ASSERT_EQ(received[i].payload, sent[i].payload) << i;
-    }
 }
 
 TEST(FrameReader, RefusesHeadersThatCannotBeOursAndReadsNothingAfterThem)

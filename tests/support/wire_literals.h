@@ -41,6 +41,25 @@ inline Literal<ChannelId, p::ChannelId> channel()
     return {record, wire};
 }
 
+// The head of a request: its id and the device, or the channel, it is for.
+template<class Wire>
+Wire deviceRequest(const char* requestId)
+{
+    Wire wire;
+    wire.set_request_id(requestId);
+    wire.set_dev_id("dev-\xc3\xa9");
+    return wire;
+}
+
+template<class Wire>
+Wire channelRequest(const char* requestId)
+{
+    Wire wire;
+    wire.set_request_id(requestId);
+    *wire.mutable_channel_id() = channel().wire;
+    return wire;
+}
+
 inline Literal<Response, p::Response> response()
 {
     const Response record{.requestId = "req-response", .errCode = -3,
@@ -55,28 +74,19 @@ inline Literal<Response, p::Response> response()
 inline Literal<DeviceCondition, p::DeviceReq> deviceReq()
 {
     const DeviceCondition record{.requestId = "req-deviceReq", .devId = "dev-\xc3\xa9"};
-    p::DeviceReq wire;
-    wire.set_request_id("req-deviceReq");
-    wire.set_dev_id("dev-\xc3\xa9");
-    return {record, wire};
+    return {record, deviceRequest<p::DeviceReq>("req-deviceReq")};
 }
 
 inline Literal<DeviceCondition, p::DevNetGetReq> devNetGetReq()
 {
     const DeviceCondition record{.requestId = "req-devNetGetReq", .devId = "dev-\xc3\xa9"};
-    p::DevNetGetReq wire;
-    wire.set_request_id("req-devNetGetReq");
-    wire.set_dev_id("dev-\xc3\xa9");
-    return {record, wire};
+    return {record, deviceRequest<p::DevNetGetReq>("req-devNetGetReq")};
 }
 
 inline Literal<ChannelCondition, p::ChannelReq> channelReq()
 {
     const ChannelCondition record{.requestId = "req-channelReq", .channelId = channel().record};
-    p::ChannelReq wire;
-    wire.set_request_id("req-channelReq");
-    *wire.mutable_channel_id() = channel().wire;
-    return {record, wire};
+    return {record, channelRequest<p::ChannelReq>("req-channelReq")};
 }
 
 inline Literal<InitDgwCondition, p::InitDgwReq> initDgw()
@@ -261,9 +271,7 @@ inline Literal<ModifyDevAccountCondition, p::ModifyDevAccountReq> modifyAccount(
                                            .devId = "dev-\xc3\xa9", .account = "account",
                                            .oldPassword = "oldPassword",
                                            .newPassword = "newPassword", .level = "level"};
-    p::ModifyDevAccountReq wire;
-    wire.set_request_id("req-modifyAccount");
-    wire.set_dev_id("dev-\xc3\xa9");
+    auto wire = deviceRequest<p::ModifyDevAccountReq>("req-modifyAccount");
     wire.set_account("account");
     wire.set_old_password("oldPassword");
     wire.set_new_password("newPassword");
@@ -275,9 +283,7 @@ inline Literal<ModifyDevNameCondition, p::ModifyDevNameReq> modifyName()
 {
     const ModifyDevNameCondition record{.requestId = "req-modifyName", .devId = "dev-\xc3\xa9",
                                         .devName = "devName"};
-    p::ModifyDevNameReq wire;
-    wire.set_request_id("req-modifyName");
-    wire.set_dev_id("dev-\xc3\xa9");
+    auto wire = deviceRequest<p::ModifyDevNameReq>("req-modifyName");
     wire.set_dev_name("devName");
     return {record, wire};
 }
@@ -286,9 +292,7 @@ inline Literal<SetOSDCondition, p::SetOSDReq> setOsd()
 {
     const SetOSDCondition record{.requestId = "req-setOsd", .channelId = channel().record,
                                  .osd = "osd"};
-    p::SetOSDReq wire;
-    wire.set_request_id("req-setOsd");
-    *wire.mutable_channel_id() = channel().wire;
+    auto wire = channelRequest<p::SetOSDReq>("req-setOsd");
     wire.set_osd("osd");
     return {record, wire};
 }
@@ -319,9 +323,7 @@ inline Literal<SetDevNetCondition, p::DevNetSetReq> setDevNet()
                                     .defaultGateway = "10.0.0.1", .dns = "10.0.0.53",
                                     .dhcpEnabled = true, .netMode = 201, .httpPort = 8080,
                                     .netCardIndex = 202};
-    p::DevNetSetReq wire;
-    wire.set_request_id("req-setDevNet");
-    wire.set_dev_id("dev-\xc3\xa9");
+    auto wire = deviceRequest<p::DevNetSetReq>("req-setDevNet");
     wire.mutable_net_info()->set_ip("10.0.0.2");
     wire.mutable_net_info()->set_sub_net_mask("255.255.255.0");
     wire.mutable_net_info()->set_default_gateway("10.0.0.1");
@@ -350,9 +352,7 @@ inline Literal<GetDevPlatformCondition, p::DevPlatformGetReq> getDevPlatform()
 {
     const GetDevPlatformCondition record{.requestId = "req-getDevPlatform", .devId = "dev-\xc3\xa9",
                                          .platformType = 43, .withStatus = true};
-    p::DevPlatformGetReq wire;
-    wire.set_request_id("req-getDevPlatform");
-    wire.set_dev_id("dev-\xc3\xa9");
+    auto wire = deviceRequest<p::DevPlatformGetReq>("req-getDevPlatform");
     wire.set_attr_3(43);
     wire.set_attr_4(true);
     return {record, wire};
@@ -362,9 +362,7 @@ inline Literal<SetDevPlatformCondition, p::DevPlatformSetReq> setDevPlatform()
 {
     const SetDevPlatformCondition record{.requestId = "req-setDevPlatform", .devId = "dev-\xc3\xa9",
                                          .platformInfo = devPlatformInfo().record};
-    p::DevPlatformSetReq wire;
-    wire.set_request_id("req-setDevPlatform");
-    wire.set_dev_id("dev-\xc3\xa9");
+    auto wire = deviceRequest<p::DevPlatformSetReq>("req-setDevPlatform");
     *wire.mutable_platform_info() = devPlatformInfo().wire;
     return {record, wire};
 }
@@ -388,9 +386,7 @@ inline Literal<SetDevPlatform_kvrCondition, p::DevPlatform_kvrSetReq> setDevPlat
     const SetDevPlatform_kvrCondition record{.requestId = "req-setDevPlatformKvr",
                                              .devId = "dev-\xc3\xa9",
                                              .platformInfo = devPlatformKvr().record};
-    p::DevPlatform_kvrSetReq wire;
-    wire.set_request_id("req-setDevPlatformKvr");
-    wire.set_dev_id("dev-\xc3\xa9");
+    auto wire = deviceRequest<p::DevPlatform_kvrSetReq>("req-setDevPlatformKvr");
     *wire.mutable_platform_info() = devPlatformKvr().wire;
     return {record, wire};
 }
@@ -400,9 +396,7 @@ inline Literal<ImportDevCertCondition, p::DevCertImportReq> importCert()
     const ImportDevCertCondition record{.requestId = "req-importCert", .devId = "dev-\xc3\xa9",
                                         .certType = 44, .ca = "ca", .certContents = "certContents",
                                         .key = "key", .secretKey = "secretKey"};
-    p::DevCertImportReq wire;
-    wire.set_request_id("req-importCert");
-    wire.set_dev_id("dev-\xc3\xa9");
+    auto wire = deviceRequest<p::DevCertImportReq>("req-importCert");
     wire.set_attr_3(44);
     wire.set_ca("ca");
     wire.set_cert_contents("certContents");
@@ -416,9 +410,7 @@ inline Literal<PTZCtrlCondition, p::PTZCtrlReq> ptzCtrl()
     const PTZCtrlCondition record{.requestId = "req-ptzCtrl", .channelId = channel().record,
                                   .operation = PTZOperationZoomOut, .action = PTZActionStop,
                                   .speed = 47, .duration = 48};
-    p::PTZCtrlReq wire;
-    wire.set_request_id("req-ptzCtrl");
-    *wire.mutable_channel_id() = channel().wire;
+    auto wire = channelRequest<p::PTZCtrlReq>("req-ptzCtrl");
     wire.set_attr_3(9);
     wire.set_attr_4(1);
     wire.set_attr_5(47);
@@ -440,9 +432,7 @@ inline Literal<PresetOperCondition, p::PresetOperReq> presetOper()
     const PresetOperCondition record{.requestId = "req-presetOper", .channelId = channel().record,
                                      .presetNum = 50, .presetName = "presetName",
                                      .operation = PresetOperDelete};
-    p::PresetOperReq wire;
-    wire.set_request_id("req-presetOper");
-    *wire.mutable_channel_id() = channel().wire;
+    auto wire = channelRequest<p::PresetOperReq>("req-presetOper");
     wire.set_attr_3(50);
     wire.set_preset_name("presetName");
     wire.set_attr_5(2);
@@ -477,9 +467,7 @@ inline Literal<PatrolOperCondition, p::PatrolOperReq> patrolOper()
 {
     const PatrolOperCondition record{.requestId = "req-patrolOper", .channelId = channel().record,
                                      .patrolIndex = 57, .speed = 58, .operation = PatrolOperDelete};
-    p::PatrolOperReq wire;
-    wire.set_request_id("req-patrolOper");
-    *wire.mutable_channel_id() = channel().wire;
+    auto wire = channelRequest<p::PatrolOperReq>("req-patrolOper");
     wire.set_attr_3(57);
     wire.set_attr_4(58);
     wire.set_attr_5(2);
@@ -492,9 +480,7 @@ inline Literal<PatrolPresetOperCondition, p::PatrolPresetOperReq> patrolPresetOp
                                            .channelId = channel().record, .patrolIndex = 60,
                                            .stayTime = 61, .presetNum = 62,
                                            .operation = PatrolPresetOperModify};
-    p::PatrolPresetOperReq wire;
-    wire.set_request_id("req-patrolPresetOper");
-    *wire.mutable_channel_id() = channel().wire;
+    auto wire = channelRequest<p::PatrolPresetOperReq>("req-patrolPresetOper");
     wire.set_attr_3(60);
     wire.set_attr_4(61);
     wire.set_attr_5(62);
@@ -516,9 +502,7 @@ inline Literal<SetPatrolPresetsCondition, p::SetPatrolPresetsReq> setPatrolPrese
     const SetPatrolPresetsCondition record{.requestId = "req-setPatrolPresets",
                                            .channelId = channel().record, .patrolIndex = 66,
                                            .presets = {patrolPresetItem().record, {}}};
-    p::SetPatrolPresetsReq wire;
-    wire.set_request_id("req-setPatrolPresets");
-    *wire.mutable_channel_id() = channel().wire;
+    auto wire = channelRequest<p::SetPatrolPresetsReq>("req-setPatrolPresets");
     wire.set_attr_3(66);
     *wire.add_presets() = patrolPresetItem().wire;
     wire.add_presets();
@@ -543,9 +527,7 @@ inline Literal<RecsSearchCondition, p::SearchVideoRecordingsReq> recsSearch()
     const RecsSearchCondition record{.requestId = "req-recsSearch", .channelId = channel().record,
                                      .recordType = 69, .recordSrc = 70, .beginTime = "beginTime",
                                      .endTime = "endTime"};
-    p::SearchVideoRecordingsReq wire;
-    wire.set_request_id("req-recsSearch");
-    *wire.mutable_channel_id() = channel().wire;
+    auto wire = channelRequest<p::SearchVideoRecordingsReq>("req-recsSearch");
     wire.set_attr_3(69);
     wire.set_attr_4(70);
     wire.set_begin_time("beginTime");
@@ -557,9 +539,7 @@ inline Literal<GetRtspUrlCondition, p::GetRtspUrlReq> rtspUrl()
 {
     const GetRtspUrlCondition record{.requestId = "req-rtspUrl", .channelId = channel().record,
                                      .streamType = 71};
-    p::GetRtspUrlReq wire;
-    wire.set_request_id("req-rtspUrl");
-    *wire.mutable_channel_id() = channel().wire;
+    auto wire = channelRequest<p::GetRtspUrlReq>("req-rtspUrl");
     wire.set_attr_3(71);
     return {record, wire};
 }
@@ -603,21 +583,8 @@ inline Literal<TalkOperCondition, p::TalkOperReq> talkOper()
 {
     const TalkOperCondition record{.requestId = "req-talkOper", .channelId = channel().record,
                                    .operation = 75};
-    p::TalkOperReq wire;
-    wire.set_request_id("req-talkOper");
-    *wire.mutable_channel_id() = channel().wire;
+    auto wire = channelRequest<p::TalkOperReq>("req-talkOper");
     wire.set_attr_3(75);
-    return {record, wire};
-}
-
-inline Literal<SpeakOperCondition, p::TalkOperReq> speakOper()
-{
-    const SpeakOperCondition record{.requestId = "req-speakOper", .channelId = channel().record,
-                                    .operation = 76};
-    p::TalkOperReq wire;
-    wire.set_request_id("req-speakOper");
-    *wire.mutable_channel_id() = channel().wire;
-    wire.set_attr_3(76);
     return {record, wire};
 }
 
@@ -650,9 +617,7 @@ inline Literal<DelFaceCondition, p::DelFaceReq> delFace()
 {
     const DelFaceCondition record{.requestId = "req-delFace", .channelId = channel().record,
                                   .index = 80};
-    p::DelFaceReq wire;
-    wire.set_request_id("req-delFace");
-    *wire.mutable_channel_id() = channel().wire;
+    auto wire = channelRequest<p::DelFaceReq>("req-delFace");
     wire.set_attr_3(80);
     return {record, wire};
 }
@@ -693,9 +658,7 @@ inline Literal<GetFaceDetectRecordsCondition, p::GetFaceDetectRecordsReq> getFac
                                                .channelId = channel().record, .pageNum = 86,
                                                .pageSize = 87, .beginTime = "beginTime",
                                                .endTime = "endTime"};
-    p::GetFaceDetectRecordsReq wire;
-    wire.set_request_id("req-getFaceDetectRecords");
-    *wire.mutable_channel_id() = channel().wire;
+    auto wire = channelRequest<p::GetFaceDetectRecordsReq>("req-getFaceDetectRecords");
     wire.set_attr_3(86);
     wire.set_attr_4(87);
     wire.set_begin_time("beginTime");
@@ -747,9 +710,7 @@ inline Literal<DevUpgradeCondtition, p::DevUpgradeReq> devUpgrade()
     const DevUpgradeCondtition record{.requestId = "req-devUpgrade", .devId = "dev-\xc3\xa9",
                                       .mode = "mode", .url = "url", .upgradeType = 92,
                                       .mainFile = "mainFile", .verFile = "verFile"};
-    p::DevUpgradeReq wire;
-    wire.set_request_id("req-devUpgrade");
-    wire.set_dev_id("dev-\xc3\xa9");
+    auto wire = deviceRequest<p::DevUpgradeReq>("req-devUpgrade");
     wire.set_mode("mode");
     wire.set_url("url");
     wire.set_attr_5(92);
@@ -762,9 +723,7 @@ inline Literal<UploadFileCondition, p::UploadFileReq> uploadFile()
 {
     const UploadFileCondition record{.requestId = "req-uploadFile", .devId = "dev-\xc3\xa9",
                                      .fileName = "fileName", .purpose = "purpose"};
-    p::UploadFileReq wire;
-    wire.set_request_id("req-uploadFile");
-    wire.set_dev_id("dev-\xc3\xa9");
+    auto wire = deviceRequest<p::UploadFileReq>("req-uploadFile");
     wire.set_file_name("fileName");
     wire.set_purpose("purpose");
     return {record, wire};
@@ -774,9 +733,7 @@ inline Literal<DownloadFileCondition, p::DownloadFileReq> downloadFile()
 {
     const DownloadFileCondition record{.requestId = "req-downloadFile", .devId = "dev-\xc3\xa9",
                                        .srcFileName = "srcFileName", .desFileName = "desFileName"};
-    p::DownloadFileReq wire;
-    wire.set_request_id("req-downloadFile");
-    wire.set_dev_id("dev-\xc3\xa9");
+    auto wire = deviceRequest<p::DownloadFileReq>("req-downloadFile");
     wire.set_src_file_name("srcFileName");
     wire.set_des_file_name("desFileName");
     return {record, wire};
@@ -802,9 +759,7 @@ inline Literal<ModifyFaceCondition, p::AddFaceReq> addFace()
                                      .faceType = "faceType", .validTime = "validTime",
                                      .invalidTime = "invalidTime",
                                      .picture = QByteArray("\0\xff" "picture", 9)};
-    p::AddFaceReq wire;
-    wire.set_request_id("req-addFace");
-    *wire.mutable_channel_id() = channel().wire;
+    auto wire = channelRequest<p::AddFaceReq>("req-addFace");
     wire.set_serial_num("serialNum");
     wire.set_name("name");
     wire.add_organizations("organizations-1");
@@ -826,9 +781,7 @@ inline Literal<GetFacesCondition, p::GetFacesReq> getFaces()
     const GetFacesCondition record{.requestId = "req-getFaces", .channelId = channel().record,
                                    .pageNum = 98, .pageSize = 99, .libraryId = 100,
                                    .withPicture = true};
-    p::GetFacesReq wire;
-    wire.set_request_id("req-getFaces");
-    *wire.mutable_channel_id() = channel().wire;
+    auto wire = channelRequest<p::GetFacesReq>("req-getFaces");
     wire.set_attr_3(98);
     wire.set_attr_4(99);
     wire.set_attr_5(100);
