@@ -28,7 +28,8 @@ foreach(path ${headers}
         ${LIBDIR}/cmake/VmsClientSdk/VmsClientSdkTargets.cmake
         ${LIBDIR}/pkgconfig/vms_client_sdk.pc
         ${doc}/README.md ${doc}/guide.md ${doc}/dgw_sim.md ${doc}/media_frames.md
-        ${doc}/examples/consumer/main.cpp ${doc}/examples/consumer/CMakeLists.txt
+        ${doc}/examples/consumer/main.cpp ${doc}/examples/consumer/hello.cpp
+        ${doc}/examples/consumer/CMakeLists.txt
         share/vms_client_sdk/dgw_sim/three_cameras.json share/vms_client_sdk/dgw_sim/alarms.json)
     if(NOT EXISTS ${prefix}/${path})
         message(FATAL_ERROR "not installed: ${path}")
@@ -74,3 +75,10 @@ foreach(build cmake pkgconfig)
     endforeach()
     message(STATUS "${build}: ${output}")
 endforeach()
+
+# The README's application, as written there.
+set(ENV{XDG_DATA_HOME} ${WORK_DIR}/data-hello)
+run(${cmake_dir}/vms_hello)
+if(NOT output MATCHES "\"net-cam-1\" error 0 ip \"192.168.1.64\"")
+    message(FATAL_ERROR "the README's application did not print the camera's address:\n${output}")
+endif()
