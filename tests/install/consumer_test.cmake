@@ -7,13 +7,7 @@
 file(REMOVE_RECURSE ${WORK_DIR})
 set(prefix ${WORK_DIR}/prefix)
 
-function(run)
-    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
-    if(NOT result EQUAL 0)
-        message(FATAL_ERROR "failed: ${ARGN}\n${output}")
-    endif()
-    set(output "${output}" PARENT_SCOPE)
-endfunction()
+include(${CMAKE_CURRENT_LIST_DIR}/run.cmake)
 
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
 
@@ -66,19 +60,13 @@ run(${CXX} -std=c++20 ${SOURCE_DIR}/examples/consumer/main.cpp "-DVMS_DGW_SIM=\"
 foreach(build cmake pkgconfig)
     set(ENV{XDG_DATA_HOME} ${WORK_DIR}/data-${build})
     run(${WORK_DIR}/${build}/vms_consumer)
-    foreach(expected "gateway ready" "cam-1 online" "cam-1 network: error 0, ip 192.168.1.64"
-                     "release vms client sdk")
-        string(FIND "${output}" "${expected}" at)
-        if(at EQUAL -1)
-            message(FATAL_ERROR "the ${build} build did not write \"${expected}\":\n${output}")
-        endif()
-    endforeach()
+    expect_in("the ${build} build's output" "${output}" "gateway ready" "cam-1 online"
+        "cam-1 network: error 0, ip 192.168.1.64" "release vms client sdk")
     message(STATUS "${build}: ${output}")
 endforeach()
 
 # The README's application, as written there.
 set(ENV{XDG_DATA_HOME} ${WORK_DIR}/data-hello)
 run(${cmake_dir}/vms_hello)
-if(NOT output MATCHES "\"net-cam-1\" error 0 ip \"192.168.1.64\"")
-    message(FATAL_ERROR "the README's application did not print the camera's address:\n${output}")
-endif()
+expect_in("the README's application's output" "${output}"
+    "\"net-cam-1\" error 0 ip \"192.168.1.64\"")

@@ -4,13 +4,7 @@
 # Builds the Debian package from the build and checks what it holds and what it depends on.
 file(REMOVE_RECURSE ${WORK_DIR})
 
-function(run)
-    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
-    if(NOT result EQUAL 0)
-        message(FATAL_ERROR "failed: ${ARGN}\n${output}")
-    endif()
-    set(output "${output}" PARENT_SCOPE)
-endfunction()
+include(${CMAKE_CURRENT_LIST_DIR}/run.cmake)
 
 run(${CPACK} -G DEB --config ${BUILD_DIR}/CPackConfig.cmake -B ${WORK_DIR})
 file(GLOB packages ${WORK_DIR}/vms-client-sdk_*.deb)
@@ -21,22 +15,14 @@ endif()
 
 run(dpkg-deb --contents ${packages})
 set(contents "${output}")
-foreach(path ./usr/include/vms_sdk/vms_client_sdk.h ./usr/include/vms_sdk/client_signals.h
-        ./usr/bin/vms_dgw_sim ./usr/${LIBDIR}/libvms_client_sdk.so
-        ./usr/${LIBDIR}/cmake/VmsClientSdk/VmsClientSdkConfig.cmake
-        ./usr/${LIBDIR}/pkgconfig/vms_client_sdk.pc ./usr/share/doc/vms-client-sdk/guide.md
-        ./usr/share/vms_client_sdk/dgw_sim/three_cameras.json)
-    string(FIND "${contents}" "${path}" at)
-    if(at EQUAL -1)
-        message(FATAL_ERROR "the package lacks ${path}:\n${contents}")
-    endif()
-endforeach()
+expect_in("the package" "${contents}"
+    ./usr/include/vms_sdk/vms_client_sdk.h ./usr/include/vms_sdk/client_signals.h
+    ./usr/bin/vms_dgw_sim ./usr/${LIBDIR}/libvms_client_sdk.so
+    ./usr/${LIBDIR}/cmake/VmsClientSdk/VmsClientSdkConfig.cmake
+    ./usr/${LIBDIR}/pkgconfig/vms_client_sdk.pc ./usr/share/doc/vms-client-sdk/guide.md
+    ./usr/share/vms_client_sdk/dgw_sim/three_cameras.json)
 
 run(dpkg-deb --field ${packages} Package Depends)
-foreach(expected "Package: vms-client-sdk" "libqt5core5a" "libqt5network5" "qtbase5-dev")
-    string(FIND "${output}" "${expected}" at)
-    if(at EQUAL -1)
-        message(FATAL_ERROR "the package's control lacks ${expected}:\n${output}")
-    endif()
-endforeach()
+expect_in("the package's control" "${output}"
+    "Package: vms-client-sdk" libqt5core5a libqt5network5 qtbase5-dev)
 message(STATUS "${packages}\n${output}\n${contents}")
