@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs the Debian packages the project builds and tests with.
+# Installs the Debian packages the project builds and tests with, and any named on the command
+# line (scripts/apidoc.sh adds doxygen).
 # Safe to run again: when everything is present it only checks and returns.
 set -euo pipefail
 
@@ -10,6 +11,7 @@ packages=(
   libprotobuf-dev protobuf-compiler
   libspdlog-dev libfmt-dev
   libgtest-dev libgmock-dev libbenchmark-dev
+  "$@"
 )
 
 missing=()

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 // SPDX-FileCopyrightText: the vms_client_sdk developers
 
-// Starts the library, runs a gateway (the simulator unless told otherwise), hands it two
-// devices, shuts everything down and shows what the library logged.
+// Starts the library, runs a gateway (the installed simulator unless told otherwise), hands it
+// two devices, asks the first one for its network settings once it is online, shuts
+// everything down and shows what the library logged.
 //
 //   vms_consumer [gateway program]
 #include <vms_sdk/vms_client_sdk.h>
@@ -14,18 +15,33 @@
 #include <QTextStream>
 #include <QTimer>
 
+namespace {
+
+// The build names the simulator it found in the package (CMake: the imported target
+// VmsClientSdk::vms_dgw_sim; pkg-config: the dgw_sim variable).
+QString defaultGateway()
+{
+#ifdef VMS_DGW_SIM
+    return QStringLiteral(VMS_DGW_SIM);
+#else
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/vms_dgw_sim");
+#endif
+}
+
+} // namespace
+
 int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("vms_consumer"));
     QTextStream out(stdout);
-    const QString gateway =
-        argc > 1 ? QString::fromLocal8Bit(argv[1])
-                 : QCoreApplication::applicationDirPath() + QStringLiteral("/vms_dgw_sim");
+    const QString gateway = argc > 1 ? QString::fromLocal8Bit(argv[1]) : defaultGateway();
+    const QString camera = QStringLiteral("cam-1");
+    const QString requestId = QStringLiteral("consumer-net-1");
 
     vms_sdk::init_vms_client_sdk();
     auto* signals_ = vms_sdk::ClientSignals::instance();
-    int result = 0;
+    int result = 1;
     bool finished = false;
     auto finish = [&](int code) {
         // Gateways that exit on release drop their connections, which reports them abnormal.
@@ -44,13 +60,34 @@ int main(int argc, char** argv)
     QObject::connect(signals_, &vms_sdk::ClientSignals::signalPrepareStartDgwSuccess, [&] {
         out << "gateway ready" << Qt::endl;
         vms_sdk::set_managed_devs_cmd({
-            vms_sdk::DevInfo{.id = QStringLiteral("cam-1"), .ip = QStringLiteral("192.168.1.64")},
+            vms_sdk::DevInfo{.id = camera, .ip = QStringLiteral("192.168.1.64")},
             vms_sdk::DevInfo{.id = QStringLiteral("cam-2"), .ip = QStringLiteral("192.168.1.65")},
         });
-        QTimer::singleShot(500, &app, [&] { finish(0); });
     });
+    bool asked = false;
+    QObject::connect(signals_, &vms_sdk::ClientSignals::signalDevStatusPush,
+                     [&](const QString& devId, vms_sdk::DevStatus status) {
+                         if (devId != camera || status != vms_sdk::DevStatusOnline || asked)
+                             return;
+                         asked = true;
+                         out << devId << " online" << Qt::endl;
+                         vms_sdk::get_dev_net_req({.requestId = requestId, .devId = devId});
+                     });
+    QObject::connect(signals_, &vms_sdk::ClientSignals::signalGetDevNetRes,
+                     [&](const vms_sdk::Response& response, const vms_sdk::DevNetInfo& net) {
+                         if (response.requestId != requestId)
+                             return;
+                         out << camera << " network: error " << response.errCode << ", ip "
+                             << net.ip << ", http port " << net.httpPort << Qt::endl;
+                         finish(response.errCode == 0 ? 0 : 1);
+                     });
+    QObject::connect(signals_, &vms_sdk::ClientSignals::signalRequestTimeout,
+                     [&](const QString& id, const QVariant&) {
+                         out << "request " << id << " timed out" << Qt::endl;
+                         finish(1);
+                     });
     QTimer::singleShot(30000, &app, [&] {
-        out << "no gateway became ready" << Qt::endl;
+        out << "no answer within 30 s" << Qt::endl;
         finish(1);
     });
 
