@@ -187,8 +187,12 @@ TEST_F(MessageSocketTest, OtherFramesGoToTheHubWholeAndInOrderAndASlotMayDeleteT
     QSignalSpy routed(MessageSignals::instance(), &MessageSignals::signalMessageComing);
     QObject::connect(channel, &MessageSocket::signalMessageComing, channel,
                      [&](MessageType type, const QByteArray&) {
-                         if (type == DevStatusPush)
+                         // What it sends first still waits for the end of the batch,
+                         // which must cope with a socket gone by then.
+                         if (type == DevStatusPush) {
+                             channel->sendMessage(DevNetGetReq, "bye");
                              delete channel.data();
+                         }
                      });
     QLocalSocket* peer = accept();
     ASSERT_NE(peer, nullptr);
@@ -209,6 +213,51 @@ TEST_F(MessageSocketTest, OtherFramesGoToTheHubWholeAndInOrderAndASlotMayDeleteT
     EXPECT_EQ(routed[0][0].value<MessageType>(), DevNetGetRes);
     EXPECT_EQ(routed[0][1].toByteArray(), "answer");
     EXPECT_EQ(routed[1][0].value<MessageType>(), DevStatusPush);
+}
+
+// Frames sent by receivers of incoming frames go out together once the batch is handled; from
+// anywhere else at once. Either way nothing is left waiting for the next pass of the event loop.
+TEST_F(MessageSocketTest, NothingSentWaitsForTheNextPassOfTheEventLoop)
+{
+    auto channel = makeSocket();
+    QSignalSpy status(channel.get(), &MessageSocket::signalConnectStatus);
+    std::unique_ptr<QLocalSocket> peer(accept());
+    ASSERT_NE(peer, nullptr);
+    ASSERT_TRUE(vms_test::waitFor([&] { return status.count() == 1; }));
+    EXPECT_EQ(readFromPeer(peer.get(), 13).at(8), char(ClientHelloCmd));
+
+    channel->sendMessage(DevNetGetReq, "alone");
+    EXPECT_EQ(channel->socket()->bytesToWrite(), 0);
+
+    QObject context;
+    QObject::connect(MessageSignals::instance(), &MessageSignals::signalMessageComing, &context,
+                     [&](MessageType, const QByteArray& payload) {
+                         channel->sendMessage(DevNetGetReq, "re:" + payload);
+                     });
+    // Connected after the channel's own reader: runs once it has handled what arrived.
+    QList<qint64> waitingAfterBatch;
+    QObject::connect(channel->socket(), &QLocalSocket::readyRead, &context,
+                     [&] { waitingAfterBatch.append(channel->socket()->bytesToWrite()); });
+    peer->write(FrameCodec::encode(21, "a") + FrameCodec::encode(21, "b") +
+                FrameCodec::encode(21, "c"));
+    peer->flush();
+    ASSERT_TRUE(vms_test::waitFor([&] { return peer->bytesAvailable() >= 18 + 3 * 17; }));
+    EXPECT_EQ(peer->readAll(), QByteArray::fromHex("0000000000000006"
+                                                   "14"
+                                                   "00000005") +
+                                   "alone" +
+                                   QByteArray::fromHex("000000000000000514000000"
+                                                       "04") +
+                                   "re:a" +
+                                   QByteArray::fromHex("000000000000000514000000"
+                                                       "04") +
+                                   "re:b" +
+                                   QByteArray::fromHex("000000000000000514000000"
+                                                       "04") +
+                                   "re:c");
+    ASSERT_FALSE(waitingAfterBatch.isEmpty());
+    for (qint64 waiting : std::as_const(waitingAfterBatch))
+        EXPECT_EQ(waiting, 0);
 }
 
 TEST_F(MessageSocketTest, SendingWithoutAConnectionDropsSilentlyAndCloseEndsTheChannel)

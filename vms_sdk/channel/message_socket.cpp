@@ -12,11 +12,48 @@
 
 #include <QPointer>
 
+#include <utility>
+
 namespace vms_sdk {
 namespace {
 
 // A gateway is lost for good on its fifth disconnect.
 constexpr int MaxRestarts = 4;
+
+// Frames sent while incoming frames are being handled (an answer that prompts the next
+// request, a push that prompts a query) wait until the handling of the whole batch is over and
+// then go out together: one system call for the batch instead of one per frame, and still
+// before control returns to the event loop, as a frame sent from anywhere else does.
+struct SendBatch
+{
+    int depth = 0;
+    QList<QPointer<QLocalSocket>> unflushed;
+};
+
+SendBatch& sendBatch()
+{
+    static SendBatch batch;
+    return batch;
+}
+
+class SendBatchScope
+{
+public:
+    SendBatchScope() { ++sendBatch().depth; }
+    ~SendBatchScope()
+    {
+        SendBatch& batch = sendBatch();
+        if (--batch.depth > 0)
+            return;
+        const QList<QPointer<QLocalSocket>> sockets = std::exchange(batch.unflushed, {});
+        for (const QPointer<QLocalSocket>& socket : sockets) {
+            if (socket)
+                socket->flush();
+        }
+    }
+    SendBatchScope(const SendBatchScope&) = delete;
+    SendBatchScope& operator=(const SendBatchScope&) = delete;
+};
 
 } // namespace
 
@@ -47,6 +84,12 @@ void MessageSocket::sendMessage(MessageType type, const QByteArray& payload)
     if (!m_socket->isValid())
         return;
     m_socket->write(FrameCodec::encode(type, payload));
+    SendBatch& batch = sendBatch();
+    if (batch.depth > 0) {
+        if (!batch.unflushed.contains(m_socket))
+            batch.unflushed.append(m_socket);
+        return;
+    }
     // Without a flush the bytes would wait for the next pass of the event loop.
     m_socket->flush();
 }
@@ -114,9 +157,13 @@ void MessageSocket::slotReadyRead()
 {
     // A receiver of a message may close or even delete this channel.
     QPointer<MessageSocket> self(this);
+    const SendBatchScope batch;
     Frame frame;
-    while (self && m_socket->isValid() && m_reader.read(*m_socket, frame))
+    while (self && m_socket->isValid() && m_reader.read(*m_socket, frame)) {
         Q_EMIT signalMessageComing(MessageType(frame.type), frame.payload);
+        if (self)
+            m_reader.recycle(frame.payload);
+    }
     if (self && m_reader.failed()) {
         dropConnection(
             QStringLiteral("message socket read bad frame from dgw, %1").arg(m_reader.failure()));

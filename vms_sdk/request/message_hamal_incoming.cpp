@@ -63,21 +63,21 @@ struct IncomingRoutes
     template<class Message, class Emit>
     static Handler response(const char* words, Emit emit, Quirks quirks = {})
     {
+        // The words are copied only into the one line written.
         return [=](MessageHamal& hamal, const QByteArray& payload) {
-            const QString text = QString::fromLatin1(words);
             Message answer;
             if (!parse(answer, payload))
-                return parseFailed(QStringLiteral("dgw response ") + text, quirks);
+                return parseFailed(QStringLiteral("dgw response ") + QLatin1String(words), quirks);
             const Response response = responseOf(answer);
             // Only a request that went out as this message waits for it; one of the same id
             // that went out as a JSON method does not.
             if (!hamal.m_requestMgr->removeRequest(response.requestId, QString())) {
                 log::error(QStringLiteral("client request time out ") +
-                           (quirks.timeoutWords ? QString::fromLatin1(quirks.timeoutWords) : text));
+                           QLatin1String(quirks.timeoutWords ? quirks.timeoutWords : words));
                 return;
             }
             emit(answer, response);
-            log::trace(QStringLiteral("dgw response ") + text);
+            log::trace(QStringLiteral("dgw response ") + QLatin1String(words));
         };
     }
 
@@ -86,12 +86,11 @@ struct IncomingRoutes
     static Handler answer(const char* words, Emit emit)
     {
         return [=](MessageHamal&, const QByteArray& payload) {
-            const QString text = QString::fromLatin1(words);
             Message answer;
             if (!parse(answer, payload))
-                return parseFailed(QStringLiteral("dgw response ") + text, {});
+                return parseFailed(QStringLiteral("dgw response ") + QLatin1String(words), {});
             emit(answer);
-            log::trace(QStringLiteral("dgw response ") + text);
+            log::trace(QStringLiteral("dgw response ") + QLatin1String(words));
         };
     }
 
@@ -102,16 +101,15 @@ struct IncomingRoutes
     static Handler push(const char* words, Emit emit, Logged logged = Logged::Yes)
     {
         return [=](MessageHamal& hamal, const QByteArray& payload) {
-            const QString text = QString::fromLatin1(words);
             Message push;
             if (!parse(push, payload)) {
                 if (logged == Logged::Yes)
-                    parseFailed(QStringLiteral("dgw push ") + text, {});
+                    parseFailed(QStringLiteral("dgw push ") + QLatin1String(words), {});
                 return;
             }
             const QString detail = emit(hamal, push);
             if (logged == Logged::Yes)
-                log::trace(QStringLiteral("dgw push ") + text + detail);
+                log::trace(QStringLiteral("dgw push ") + QLatin1String(words) + detail);
         };
     }
 
@@ -230,22 +228,23 @@ struct IncomingRoutes
                                                     fromWire(p));
                                                 return QString();
                                             })},
-            {DevStatusPush,
-             push<vms_sdk_proto::DevStatusPush>(
-                 "device status",
-                 [](MessageHamal&, const auto& p) {
-                     Q_EMIT out()->signalDevStatusPush(text(p.dev_id()), DevStatus(p.status()));
-                     return QStringLiteral(":%1 %2").arg(text(p.dev_id())).arg(p.status());
-                 })},
+            {DevStatusPush, push<vms_sdk_proto::DevStatusPush>(
+                                "device status",
+                                [](MessageHamal&, const auto& p) {
+                                    const QString devId = text(p.dev_id());
+                                    Q_EMIT out()->signalDevStatusPush(devId, DevStatus(p.status()));
+                                    return QString(QLatin1Char(':') + devId + QLatin1Char(' ') +
+                                                   QString::number(p.status()));
+                                })},
             {DevP2PSuccessPush,
              textPush(nullptr,
                       [](const QString& devId) { Q_EMIT out()->signalDevP2PSuccessPush(devId); })},
-            {DevInfoPush,
-             push<vms_sdk_proto::DevInfoFromDgw>("device information",
-                                                 [](MessageHamal&, const auto& p) {
-                                                     Q_EMIT out()->signalDevInfoPush(fromWire(p));
-                                                     return QStringLiteral(":%1").arg(text(p.id()));
-                                                 })},
+            {DevInfoPush, push<vms_sdk_proto::DevInfoFromDgw>(
+                              "device information",
+                              [](MessageHamal&, const auto& p) {
+                                  Q_EMIT out()->signalDevInfoPush(fromWire(p));
+                                  return QString(QLatin1Char(':') + text(p.id()));
+                              })},
             {DevTempUserCodePush, push<vms_sdk_proto::DevTempUserCodePush>(
                                       "device temp user code",
                                       [](MessageHamal&, const auto& p) {
