@@ -8,9 +8,12 @@
 
 #include <spdlog/sinks/basic_file_sink.h>
 #include <spdlog/spdlog.h>
+// Not self-contained: needs the declarations above.
+#include <spdlog/details/periodic_worker.h>
 
 #include <memory>
 #include <mutex>
+#include <utility>
 
 namespace vms_kit {
 namespace {
@@ -19,6 +22,12 @@ namespace {
 // log call on another thread can never hand that call a dangling logger.
 std::mutex logMutex;
 std::shared_ptr<spdlog::logger> logger;
+// Writes out, once a second, the lines that did not flush the file themselves. Lives from
+// init to release, so that no thread of ours outlasts the log. Deliberately not a static
+// object: an application that exits without release must not join a thread while the
+// process goes down (it can hang where exit runs under the loader's lock).
+std::mutex flusherMutex; // apart from logMutex, which the flusher takes when it flushes
+spdlog::details::periodic_worker* flusher = nullptr;
 
 std::shared_ptr<spdlog::logger> currentLogger()
 {
@@ -45,13 +54,20 @@ void init_vms_log(const QString& path, const QString& name)
         fresh = std::make_shared<spdlog::logger>(name.toStdString(), std::move(sink));
         fresh->set_pattern("[%Y-%m-%d %H:%M:%S.%e] [%l] %v");
         fresh->set_level(spdlog::level::trace);
-        fresh->flush_on(spdlog::level::trace);
+        // A write to the file for every line costs more than everything else the line does;
+        // an error is worth it, the rest waits for the flusher or the release.
+        fresh->flush_on(spdlog::level::err);
     } catch (const spdlog::spdlog_ex&) {
         // A log that cannot be opened must not stop the application: it just stays silent.
         fresh.reset();
     }
-    std::lock_guard lock(logMutex);
-    logger = std::move(fresh);
+    {
+        std::lock_guard lock(logMutex);
+        logger = std::move(fresh);
+    }
+    std::lock_guard lock(flusherMutex);
+    if (!flusher)
+        flusher = new spdlog::details::periodic_worker(flush_vms_log, std::chrono::seconds(1));
 }
 
 void release_vms_log()
@@ -61,8 +77,19 @@ void release_vms_log()
         std::lock_guard lock(logMutex);
         old.swap(logger);
     }
+    {
+        // Joins the flusher: past this point nothing of the log is left running.
+        std::lock_guard lock(flusherMutex);
+        delete std::exchange(flusher, nullptr);
+    }
     if (old)
         old->flush();
+}
+
+void flush_vms_log()
+{
+    if (auto log = currentLogger())
+        log->flush();
 }
 
 void log_info(const QString& text, const QString& tag)

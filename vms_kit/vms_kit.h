@@ -6,9 +6,10 @@
 
 // The platform kit: one process-wide log file and a sleep.
 //
-// A log line reads "[time] [level] <tag><text>", one line per call, flushed at once so that
-// a crash loses nothing. Every function may be called from any thread; logging while no log
-// is open (before init, after release) writes nothing.
+// A log line reads "[time] [level] <tag><text>", one line per call. Error lines reach the
+// file at once, the others within a second, and all of them before release returns. Every
+// function may be called from any thread; logging while no log is open (before init, after
+// release) writes nothing.
 namespace vms_kit {
 
 // Opens `path` (creating its folder) as the log named `name`, appending to what is there.
@@ -16,6 +17,8 @@ namespace vms_kit {
 void init_vms_log(const QString& path, const QString& name);
 // Closes the log. Harmless when nothing is open.
 void release_vms_log();
+// Writes out what the log holds back now rather than within the second.
+void flush_vms_log();
 
 void log_info(const QString& text, const QString& tag);
 void log_error(const QString& text, const QString& tag);

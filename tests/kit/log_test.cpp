@@ -27,17 +27,19 @@ QString freshLogPath(const QString& subFolder = {})
 
 } // namespace
 
-TEST(Log, WritesOneFlushedLinePerCallWithLevelAndTaggedText)
+TEST(Log, ErrorLinesReachTheFileAtOnceAndTheRestSoonAfter)
 {
     const QString path = freshLogPath(QStringLiteral("missing/folder/"));
     init_vms_log(path, QStringLiteral("kit"));
     log_info(QStringLiteral("first"), tag);
     log_error(QStringLiteral("second %1").arg(2), tag);
+    // Read while the log is still open, nothing flushed by hand: the error took the line
+    // before it along.
+    EXPECT_EQ(vms_test::readFileLines(path).size(), 2);
     log_trace(QStringLiteral("third"), tag);
+    ASSERT_TRUE(vms_test::waitFor([&] { return vms_test::readFileLines(path).size() == 3; }));
 
-    // Read while the log is still open: every line must already be on disk.
-    const QStringList lines = vms_test::readLines(path);
-    ASSERT_EQ(lines.size(), 3);
+    const QStringList lines = vms_test::readFileLines(path);
     const QRegularExpression shape(QStringLiteral(
         R"(^\[\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\.\d{3}\] \[(info|error|trace)\] (.*)$)"));
     const QStringList levels{"info", "error", "trace"};
@@ -49,6 +51,18 @@ TEST(Log, WritesOneFlushedLinePerCallWithLevelAndTaggedText)
         EXPECT_EQ(match.captured(2), tag + texts[i]);
     }
     release_vms_log();
+}
+
+TEST(Log, ReleaseWritesOutEveryLineHeldBack)
+{
+    const QString path = freshLogPath();
+    init_vms_log(path, QStringLiteral("kit"));
+    for (int i = 0; i < 100; ++i)
+        log_info(QStringLiteral("line %1").arg(i), tag);
+    release_vms_log();
+    const QStringList lines = vms_test::readFileLines(path);
+    ASSERT_EQ(lines.size(), 100);
+    EXPECT_TRUE(lines.last().endsWith(tag + QStringLiteral("line 99")));
 }
 
 TEST(Log, LinesFromManyThreadsStayWhole)

@@ -165,6 +165,34 @@ TEST_F(RequestRegistry, RepeatedRegistrationAndRenewalRestartTheDeadline)
     EXPECT_EQ(timeouts.count(QStringLiteral("repeated")), 1);
 }
 
+// Many deadlines share the registry's one timer: the earliest goes first whatever was
+// registered before it, deadlines due together keep their registration order, answering the
+// one the timer waits for leaves the others due, and an id is as good as new after its
+// time-out.
+TEST_F(RequestRegistry, TimeOutsComeEarliestFirstThenInRegistrationOrder)
+{
+    constexpr int batch = 200;
+    RequestMgr registry(nullptr, 200);
+    TimeoutRecorder timeouts;
+    auto batchId = [](int i) { return QStringLiteral("batch-%1").arg(i); };
+    for (int i = 0; i < batch; ++i)
+        registry.addRequest(batchId(i));
+    EXPECT_TRUE(registry.removeRequest(batchId(0)));
+    registry.setTimeoutInterval(10);
+    registry.addRequest(QStringLiteral("short"));
+
+    ASSERT_TRUE(timeouts.waitFor(batchId(batch - 1)));
+    QStringList expected{QStringLiteral("short")};
+    for (int i = 1; i < batch; ++i)
+        expected.append(batchId(i));
+    EXPECT_EQ(timeouts.ids(), expected);
+
+    registry.addRequest(QStringLiteral("short"));
+    ASSERT_TRUE(vms_test::waitFor([&] { return timeouts.count(QStringLiteral("short")) == 2; }));
+    EXPECT_EQ(timeoutLines(QStringLiteral("short")), 2);
+    EXPECT_FALSE(registry.removeRequest(QStringLiteral("short")));
+}
+
 TEST_F(RequestRegistry, RequestValuesAreReadRemovedAndReplacedById)
 {
     add_request_value(QStringLiteral("a"), 1);

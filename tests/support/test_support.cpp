@@ -24,6 +24,13 @@ QString tempDir()
 
 QStringList readLines(const QString& path)
 {
+    // The log holds lines below error level back for up to a second.
+    vms_kit::flush_vms_log();
+    return readFileLines(path);
+}
+
+QStringList readFileLines(const QString& path)
+{
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         return {};

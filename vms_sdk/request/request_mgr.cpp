@@ -14,22 +14,15 @@ namespace vms_sdk {
 
 RequestMgr::RequestMgr(QObject* parent, int timeoutMs)
     : QObject(parent)
+    , m_checker(new RequestTimeoutChecker(this))
     , m_timeoutMs(timeoutMs)
 {
+    connect(m_checker, &RequestTimeoutChecker::signalRequestTimeout, this,
+            &RequestMgr::slotRequestTimeout);
     // Automatic connection: a renewal asked for on another thread is carried out here, on
-    // the thread whose timers it restarts.
+    // the thread whose timer it restarts.
     connect(MessageSignals::instance(), &MessageSignals::signalRenewalRequestId, this,
             &RequestMgr::slotRenewalRequestId);
-}
-
-RequestMgr::~RequestMgr()
-{
-    // The checkers have no parent. Left alone they would still fire, into nothing, and only
-    // then go away; a registry that is gone has no deadlines left to keep.
-    for (const QPointer<RequestTimeoutChecker>& checker : qAsConst(m_checkers)) {
-        if (checker)
-            checker->deleteLater();
-    }
 }
 
 RequestMgr* RequestMgr::instance()
@@ -52,18 +45,16 @@ int RequestMgr::timeoutInterval() const
 void RequestMgr::addRequest(const QString& requestId, const QString& kind)
 {
     QMutexLocker locker(&m_mutex);
-    const QPointer<RequestTimeoutChecker> existing = m_checkers.value(requestId);
-    if (existing) {
-        existing->restart();
-        existing->addCount();
-        m_kinds[requestId].append(kind);
-        return;
+    const auto [it, fresh] = m_requests.try_emplace(requestId);
+    Registration& registration = it->second;
+    // A repeated registration keeps the interval the id was first registered with.
+    if (fresh) {
+        registration.deadline.requestId = it->first;
+        m_checker->start(registration.deadline, m_timeoutMs);
+    } else {
+        m_checker->restart(registration.deadline);
     }
-    auto* checker = new RequestTimeoutChecker(requestId, m_timeoutMs);
-    m_checkers.insert(requestId, checker);
-    m_kinds.insert(requestId, {kind});
-    connect(checker, &RequestTimeoutChecker::signalRequestTimeout, this,
-            &RequestMgr::slotRequestTimeout);
+    registration.kinds.append(kind);
 }
 
 bool RequestMgr::removeRequest(const QString& requestId)
@@ -79,27 +70,19 @@ bool RequestMgr::removeRequest(const QString& requestId, const QString& kind)
 bool RequestMgr::removeRegistration(const QString& requestId, const std::optional<QString>& kind)
 {
     QMutexLocker locker(&m_mutex);
-    const auto it = m_checkers.find(requestId);
-    if (it == m_checkers.end())
+    const auto it = m_requests.find(requestId);
+    if (it == m_requests.end())
         return false;
-    RequestTimeoutChecker* const checker = it.value();
-    if (!checker) {
-        // Nothing deletes a checker while it is still listed; should it ever happen, the id
-        // has no deadline any more and counts as gone.
-        m_checkers.erase(it);
-        m_kinds.remove(requestId);
-        return false;
-    }
     // An answer of one kind never ends a registration of another: it is not what that
     // request waits for.
-    QStringList& kinds = m_kinds[requestId];
-    const int index = kind ? kinds.indexOf(*kind) : (kinds.isEmpty() ? -1 : 0);
+    auto& kinds = it->second.kinds;
+    const int index = kind ? kinds.indexOf(*kind) : 0;
     if (index < 0)
         return false;
-    kinds.removeAt(index);
-    if (checker->releaseCount() < 1) {
-        m_checkers.erase(it);
-        m_kinds.remove(requestId);
+    kinds.remove(index);
+    if (kinds.isEmpty()) {
+        m_checker->stop(it->second.deadline);
+        m_requests.erase(it);
     }
     return true;
 }
@@ -107,28 +90,37 @@ bool RequestMgr::removeRegistration(const QString& requestId, const std::optiona
 QStringList RequestMgr::kinds(const QString& requestId) const
 {
     QMutexLocker locker(&m_mutex);
-    return m_kinds.value(requestId);
+    const auto it = m_requests.find(requestId);
+    if (it == m_requests.end())
+        return {};
+    const auto& kinds = it->second.kinds;
+    return QStringList(kinds.cbegin(), kinds.cend());
 }
 
 void RequestMgr::slotRenewalRequestId(const QString& requestId)
 {
     QMutexLocker locker(&m_mutex);
-    if (RequestTimeoutChecker* const checker = m_checkers.value(requestId))
-        checker->restart();
+    const auto it = m_requests.find(requestId);
+    if (it != m_requests.end())
+        m_checker->restart(it->second.deadline);
 }
 
 void RequestMgr::slotRequestTimeout(const QString& requestId)
 {
-    int removed = 0;
+    bool removed = false;
     QVariant requestValue;
     {
         QMutexLocker locker(&m_mutex);
-        removed = m_checkers.remove(requestId);
-        m_kinds.remove(requestId);
+        const auto it = m_requests.find(requestId);
+        if (it != m_requests.end()) {
+            m_checker->stop(it->second.deadline);
+            m_requests.erase(it);
+            removed = true;
+        }
         requestValue = m_values.take(requestId);
     }
     // Outside the lock: the application's slots may well read or set request values.
-    if (removed == 0)
+    if (!removed)
         return;
     log::error(QStringLiteral("request timeout:%1").arg(requestId));
     Q_EMIT ClientSignals::instance()->signalRequestTimeout(requestId, requestValue);

@@ -4,15 +4,16 @@
 
 #include "vms_sdk/request/request_timeout_checker.h"
 
-#include <QMap>
+#include <QHash>
 #include <QMutex>
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QStringList>
+#include <QVarLengthArray>
 #include <QVariant>
 
 #include <optional>
+#include <unordered_map>
 
 namespace vms_sdk {
 
@@ -22,8 +23,9 @@ namespace vms_sdk {
 // the answer comes; an id that stays registered for a whole interval times out, once, with
 // "request timeout:<id>" in the log and ClientSignals::signalRequestTimeout carrying the value
 // the application attached to it. Registration, answers, renewals and time-outs all run on
-// the thread the registry lives on, where its checkers' timers tick. The request values are
-// set and read by the application from any thread, which is why one mutex guards both maps.
+// the thread the registry lives on, where its checker's timer ticks; each costs the same
+// whether one request is outstanding or a hundred thousand. The request values are set and
+// read by the application from any thread, which is why one mutex guards both maps.
 class RequestMgr : public QObject
 {
     Q_OBJECT
@@ -31,7 +33,6 @@ public:
     static constexpr int DefaultTimeoutMs = 60000;
 
     explicit RequestMgr(QObject* parent = nullptr, int timeoutMs = DefaultTimeoutMs);
-    ~RequestMgr() override;
 
     // The dispatcher's registry, which the exported request-value functions reach.
     static RequestMgr* instance();
@@ -62,12 +63,21 @@ public Q_SLOTS:
     void slotRenewalRequestId(const QString& requestId);
 
 private:
+    // An outstanding id. The node-based map keeps it in place, as its deadline requires.
+    struct Registration
+    {
+        RequestTimeoutChecker::Deadline deadline;
+        // One per registration still waiting for its answer, oldest first; rarely more than
+        // one, and then held without an allocation of its own.
+        QVarLengthArray<QString, 1> kinds;
+    };
+
     bool removeRegistration(const QString& requestId, const std::optional<QString>& kind);
 
     mutable QMutex m_mutex;
-    QMap<QString, QPointer<RequestTimeoutChecker>> m_checkers;
-    QMap<QString, QStringList> m_kinds; // one entry per registration the checker counts
-    QMap<QString, QVariant> m_values;
+    RequestTimeoutChecker* m_checker;
+    std::unordered_map<QString, Registration> m_requests;
+    QHash<QString, QVariant> m_values;
     int m_timeoutMs;
 };
 
