@@ -7,6 +7,7 @@
 #include "support/signal_recorder.h"
 #include "support/test_support.h"
 
+#include <vms_sdk/pending_request.h>
 #include <vms_sdk/vms_client_sdk.h>
 
 #include "vms_sdk/request/message_hamal.h"
