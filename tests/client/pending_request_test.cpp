@@ -30,6 +30,17 @@ ClientSignals* out()
     return ClientSignals::instance();
 }
 
+// QVariant compares records by their operator== only once told to.
+const bool comparable = [] {
+    QMetaType::registerEqualsComparator<Response>();
+    QMetaType::registerEqualsComparator<DevNetInfo>();
+    QMetaType::registerEqualsComparator<FileTransferProgress>();
+    QMetaType::registerEqualsComparator<ChannelCondition>();
+    QMetaType::registerEqualsComparator<PTZCtrlCondition>();
+    QMetaType::registerEqualsComparator<DelFacesCondition>();
+    return true;
+}();
+
 const QString Id = QStringLiteral("r-1");
 
 struct EndingRow
