@@ -12,8 +12,11 @@
 //            ClientSignals::signalStreamData, where an application receives them;
 //   raw      a QLocalSocket to the same stream server, the start request written by hand, then
 //            QLocalSocket::read into one reusable buffer, every byte counted (frame headers
-//            included, which slightly favours the raw reader).
+//            included, which slightly favours the raw reader);
+//   unix     (Unix only) the same with a plain socket and blocking recv, no event loop.
 // After the benchmarks a table shows the medians of the repetitions side by side.
+#include "bench_support.h"
+
 #include <vms_sdk/client_signals.h>
 #include <vms_sdk/vms_client_sdk.h>
 
@@ -27,20 +30,20 @@
 #include <QEventLoop>
 #include <QFile>
 #include <QLocalSocket>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QTimer>
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
+#include <cstring>
 #include <map>
 #include <vector>
 
 #ifdef Q_OS_UNIX
-#include <csignal>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 #endif
 
 namespace {
@@ -96,44 +99,24 @@ private:
     QEventLoop* m_loop = nullptr;
 };
 
-// The library with its three simulator gateways, for the whole run.
+// The library with its three simulator gateways, one per frame size, for the whole run.
 class Gateways
 {
 public:
-    bool start(const QString& folder)
+    explicit Gateways(const QString& folder)
+        : m_launcher(folder)
+        , m_library(m_launcher)
     {
-        MultiDgwMgr::instance()->setProcessStarter(
-            [this, folder](const QString& program, const QStringList& args) {
-                return startSimulator(folder, program, args);
-            });
-        init_vms_client_sdk();
+        m_launcher.setConfig([](int index) {
+            return QStringLiteral(R"({"idleExitMs": 5000, "unknownDevices": "offline",)"
+                                  R"( "streams": {"frameRate": 0, "frameBytes": %1}})")
+                .arg(FrameSizes[size_t(qMin(index, int(FrameSizes.size()) - 1))])
+                .toUtf8();
+        });
+    }
 
-        QEventLoop loop;
-        bool ready = false;
-        QList<QString> online;
-        QObject context;
-        QObject::connect(ClientSignals::instance(), &ClientSignals::signalPrepareStartDgwSuccess,
-                         &context, [&] {
-                             ready = true;
-                             loop.quit();
-                         });
-        QObject::connect(ClientSignals::instance(), &ClientSignals::signalDevStatusPush, &context,
-                         [&](const QString& devId, DevStatus status) {
-                             if (status == DevStatusOnline && !online.contains(devId))
-                                 online.append(devId);
-                             if (std::all_of(Cameras.begin(), Cameras.end(), [&](const char* id) {
-                                     return online.contains(QLatin1String(id));
-                                 }))
-                                 loop.quit();
-                         });
-        QTimer::singleShot(WaitMs, &loop, &QEventLoop::quit);
-
-        prepare_start_dgw_req(InitDgwCondition{}, QStringLiteral(VMS_DGW_SIM_PATH),
-                              int(FrameSizes.size()) * MultiDgwMgr::DevicesPerGateway);
-        loop.exec();
-        if (!ready || m_streamServers.size() != int(FrameSizes.size()))
-            return false;
-
+    bool start()
+    {
         // Up to the last camera: no gateway beyond the last is needed.
         QList<DevInfo> devices;
         const int count = (int(Cameras.size()) - 1) * MultiDgwMgr::DevicesPerGateway + 1;
@@ -143,71 +126,22 @@ public:
                                       ? QLatin1String(Cameras[size_t(gateway)])
                                       : QStringLiteral("idle-%1").arg(i)});
         }
-        set_managed_devs_cmd(devices);
-        QTimer::singleShot(WaitMs, &loop, &QEventLoop::quit);
-        loop.exec();
-        return online.size() >= int(Cameras.size());
-    }
-
-    void stop()
-    {
-        release_vms_client_sdk();
-#ifdef Q_OS_UNIX
-        // The gateways exit on their own once the library is gone; a benchmark run leaves
-        // nothing behind even when one of them hangs.
-        for (qint64 pid : std::as_const(m_pids)) {
-            if (QFile::exists(QStringLiteral("/proc/%1").arg(pid)))
-                ::kill(pid_t(pid), SIGKILL);
-        }
-#endif
+        return m_library.prepare(int(FrameSizes.size())) &&
+               m_launcher.started() == int(FrameSizes.size()) &&
+               m_library.manage(devices, int(Cameras.size()));
     }
 
     QString streamServer(size_t size) const
     {
-        return m_streamServers.value(int(size));
+        return m_library.streamServer(QLatin1String(Cameras[size]));
     }
 
 private:
-    bool startSimulator(const QString& folder, const QString& program, const QStringList& args)
-    {
-        const int index = m_streamServers.size();
-        if (index >= int(FrameSizes.size()))
-            return false;
-        const QString config = folder + QStringLiteral("/frames_%1.json").arg(index);
-        QFile file(config);
-        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            return false;
-        file.write(QStringLiteral(R"({"idleExitMs": 5000, "unknownDevices": "offline",)"
-                                  R"( "streams": {"frameRate": 0, "frameBytes": %1}})")
-                       .arg(FrameSizes[size_t(index)])
-                       .toUtf8());
-        file.close();
-
-        QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("VMS_DGW_SIM_CONFIG"), config);
-        process.setProcessEnvironment(environment);
-        process.setProgram(program);
-        process.setArguments(args);
-        process.setStandardOutputFile(QProcess::nullDevice());
-        process.setStandardErrorFile(folder + QStringLiteral("/sim_%1.log").arg(index));
-        qint64 pid = 0;
-        if (!process.startDetached(&pid))
-            return false;
-        m_pids.append(pid);
-        m_streamServers.append(args.value(2));
-        return true;
-    }
-
-    QList<qint64> m_pids;
-    QStringList m_streamServers;
+    vms_bench::SimLauncher m_launcher;
+    vms_bench::Library m_library;
 };
 
-Gateways& gateways()
-{
-    static Gateways instance;
-    return instance;
-}
+Gateways* gateways = nullptr;
 
 // Reads `bytesPerIteration` per iteration from a stream that `open` started and `close` ends.
 template<class Open, class Close>
@@ -255,6 +189,15 @@ void libraryStream(benchmark::State& state, size_t size)
         state.SkipWithError("frames of another size arrived");
 }
 
+QByteArray startRequest(size_t size)
+{
+    vms_sdk_proto::LiveVideoConnReq request;
+    request.mutable_channel_id()->set_dev_id(Cameras[size]);
+    request.mutable_channel_id()->set_channel_index(1);
+    return FrameCodec::encode(LiveVideoConnReq,
+                              QByteArray::fromStdString(request.SerializeAsString()));
+}
+
 void rawStream(benchmark::State& state, size_t size)
 {
     ByteCounter counter;
@@ -268,19 +211,71 @@ void rawStream(benchmark::State& state, size_t size)
     measure(
         state, counter,
         [&] {
-            socket.connectToServer(gateways().streamServer(size));
+            socket.connectToServer(gateways->streamServer(size));
             if (!socket.waitForConnected(WaitMs))
                 return false;
-            vms_sdk_proto::LiveVideoConnReq request;
-            request.mutable_channel_id()->set_dev_id(Cameras[size]);
-            request.mutable_channel_id()->set_channel_index(1);
-            socket.write(FrameCodec::encode(
-                LiveVideoConnReq, QByteArray::fromStdString(request.SerializeAsString())));
+            socket.write(startRequest(size));
             socket.flush();
             return true;
         },
         [&] { socket.abort(); });
 }
+
+#ifdef Q_OS_UNIX
+// The floor under every Qt reader: a Unix socket read with plain blocking recv calls into one
+// reusable buffer, no event loop at all. The stream servers' names are socket paths.
+void unixStream(benchmark::State& state, size_t size)
+{
+    const QByteArray path = QFile::encodeName(gateways->streamServer(size));
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    const int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    if (fd < 0 || path.size() >= int(sizeof address.sun_path)) {
+        state.SkipWithError("no Unix socket");
+        return;
+    }
+    std::memcpy(address.sun_path, path.constData(), size_t(path.size()));
+    const QByteArray request = startRequest(size);
+    std::vector<char> buffer(1024 * 1024);
+    qint64 total = 0;
+    if (::connect(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
+        ::send(fd, request.constData(), size_t(request.size()), 0) != request.size()) {
+        state.SkipWithError("the stream did not start");
+    } else {
+        for (auto _ : state) {
+            qint64 wanted = bytesPerIteration;
+            while (wanted > 0) {
+                const ssize_t got = ::recv(fd, buffer.data(), buffer.size(), 0);
+                if (got <= 0) {
+                    state.SkipWithError("the stream stopped");
+                    break;
+                }
+                wanted -= got;
+                total += got;
+            }
+        }
+    }
+    state.SetBytesProcessed(total);
+    ::close(fd);
+}
+#endif
+
+enum class Reader { Library, LocalSocket, UnixSocket };
+
+struct ReaderRow
+{
+    Reader reader;
+    const char* name;
+    void (*run)(benchmark::State&, size_t);
+};
+
+constexpr ReaderRow Readers[] = {
+    {Reader::Library, "library", libraryStream},
+    {Reader::LocalSocket, "raw", rawStream},
+#ifdef Q_OS_UNIX
+    {Reader::UnixSocket, "unix", unixStream},
+#endif
+};
 
 struct Sample
 {
@@ -288,16 +283,8 @@ struct Sample
     double cpuMsPerMegabyte;
 };
 
-double median(std::vector<double> values)
-{
-    if (values.empty())
-        return 0;
-    std::sort(values.begin(), values.end());
-    const size_t middle = values.size() / 2;
-    return values.size() % 2 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
-}
-
-// The console output as usual, then one table of medians: library against raw, per size.
+// The console output as usual, then a table of medians per size, and the rows of the common
+// table: the library against each raw reader, repetition by repetition.
 class TableReporter : public benchmark::ConsoleReporter
 {
 public:
@@ -321,35 +308,75 @@ public:
     void Finalize() override
     {
         ConsoleReporter::Finalize();
-        std::printf("\n%-8s %14s %14s %8s %18s %18s\n", "frame", "library MB/s", "raw MB/s",
-                    "ratio", "library CPU ms/MB", "raw CPU ms/MB");
+        std::printf("\n%-8s %10s %10s %10s %8s %14s %14s %14s\n", "frame", "lib MB/s", "raw MB/s",
+                    "unix MB/s", "ratio", "lib CPU ms/MB", "raw CPU ms/MB", "unix CPU ms/MB");
         for (size_t size = 0; size < FrameSizes.size(); ++size) {
-            const auto column = [&](bool library, double Sample::*field) {
+            const auto column = [&](Reader reader, double Sample::*field) {
                 std::vector<double> values;
-                for (const Sample& sample : m_samples[{size, library}])
+                for (const Sample& sample : m_samples[{size, reader}])
                     values.push_back(sample.*field);
-                return median(values);
+                return vms_bench::median(values);
             };
-            const double library = column(true, &Sample::megabytesPerSecond);
-            const double raw = column(false, &Sample::megabytesPerSecond);
-            std::printf("%-8s %14.0f %14.0f %8.2f %18.3f %18.3f\n",
+            const double library = column(Reader::Library, &Sample::megabytesPerSecond);
+            const double raw = column(Reader::LocalSocket, &Sample::megabytesPerSecond);
+            std::printf("%-8s %10.0f %10.0f %10.0f %8.2f %14.3f %14.3f %14.3f\n",
                         qPrintable(sizeName(FrameSizes[size])), library, raw,
-                        raw > 0 ? library / raw : 0.0, column(true, &Sample::cpuMsPerMegabyte),
-                        column(false, &Sample::cpuMsPerMegabyte));
+                        column(Reader::UnixSocket, &Sample::megabytesPerSecond),
+                        raw > 0 ? library / raw : 0.0,
+                        column(Reader::Library, &Sample::cpuMsPerMegabyte),
+                        column(Reader::LocalSocket, &Sample::cpuMsPerMegabyte),
+                        column(Reader::UnixSocket, &Sample::cpuMsPerMegabyte));
         }
         std::printf("(medians of the repetitions; MB = 10^6 bytes; CPU: the benchmark "
-                    "thread's, the simulator's not included)\n");
-        std::fflush(stdout);
+                    "thread's, the simulator's not included)\n\n");
+        printRows();
     }
 
-    void name(const std::string& name, size_t size, bool library)
+    void name(const std::string& name, size_t size, Reader reader)
     {
-        m_names[name] = {size, library};
+        m_names[name] = {size, reader};
     }
     bool failed() const { return m_failed; }
 
 private:
-    using Key = std::pair<size_t, bool>;
+    void printRows()
+    {
+        using Goal = vms_bench::Row::Goal;
+        struct Baseline
+        {
+            Reader reader;
+            const char* key;
+            const char* name;
+            Goal goal;
+        };
+        const Baseline baselines[] = {
+            {Reader::LocalSocket, "local ", "raw QLocalSocket reader", Goal::RatioAtLeast},
+            {Reader::UnixSocket, "unix ", "raw Unix-socket reader", Goal::None},
+        };
+        std::vector<vms_bench::Row> rows;
+        for (const Baseline& baseline : baselines) {
+            for (const int bytes : FrameSizes) {
+                const std::string name = sizeName(bytes).toStdString();
+                rows.push_back({baseline.key + name, "stream data, " + name + " frames",
+                                baseline.name, "MB/s", baseline.goal, 0.9, 0});
+            }
+        }
+        vms_bench::Table table(rows);
+        for (size_t size = 0; size < FrameSizes.size(); ++size) {
+            const std::vector<Sample>& library = m_samples[{size, Reader::Library}];
+            for (const Baseline& baseline : baselines) {
+                const std::vector<Sample>& raw = m_samples[{size, baseline.reader}];
+                for (size_t i = 0; i < qMin(raw.size(), library.size()); ++i) {
+                    table.add(baseline.key + sizeName(FrameSizes[size]).toStdString(),
+                              raw[i].megabytesPerSecond, library[i].megabytesPerSecond);
+                }
+            }
+        }
+        // Without Unix sockets their rows say "no sample".
+        table.print();
+    }
+
+    using Key = std::pair<size_t, Reader>;
     std::map<std::string, Key> m_names;
     std::map<Key, std::vector<Sample>> m_samples;
     bool m_failed = false;
@@ -379,37 +406,32 @@ int main(int argc, char** argv)
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;
 
-    // The library's log and the simulators' configs and logs stay out of the user's home.
-    QTemporaryDir folder;
-    qputenv("XDG_DATA_HOME", folder.path().toUtf8() + "/data");
+    vms_bench::Sandbox sandbox;
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("vms_bench_streams"));
-    if (!gateways().start(folder.path())) {
-        std::fprintf(stderr, "the simulator gateways did not start; their logs:\n");
-        for (size_t i = 0; i < FrameSizes.size(); ++i) {
-            QFile log(folder.filePath(QStringLiteral("sim_%1.log").arg(i)));
-            if (log.open(QIODevice::ReadOnly))
-                std::fprintf(stderr, "%s\n", log.readAll().constData());
-        }
-        gateways().stop();
+    Gateways running(sandbox.path());
+    gateways = &running;
+    if (!running.start()) {
+        std::fprintf(stderr, "the simulator gateways did not start; their logs are in %s\n",
+                     qPrintable(sandbox.path()));
         return 1;
     }
 
     TableReporter reporter;
-    // Side by side: each size's library run right before its raw run.
+    // Side by side: each size's library run right before its raw runs.
     for (size_t size = 0; size < FrameSizes.size(); ++size) {
         const QByteArray bytes = QByteArray::number(FrameSizes[size]);
-        for (const bool library : {true, false}) {
+        for (const ReaderRow& reader : Readers) {
             const std::string name =
-                (library ? "stream/library/" : "stream/raw/") + bytes.toStdString();
-            benchmark::RegisterBenchmark(name.c_str(), library ? libraryStream : rawStream, size)
+                std::string("stream/") + reader.name + "/" + bytes.toStdString();
+            benchmark::RegisterBenchmark(name.c_str(), reader.run, size)
                 ->UseRealTime()
                 ->Unit(benchmark::kMillisecond);
-            reporter.name(name, size, library);
+            reporter.name(name, size, reader.reader);
         }
     }
     benchmark::RunSpecifiedBenchmarks(&reporter);
     benchmark::Shutdown();
-    gateways().stop();
+    gateways = nullptr;
     return reporter.failed() ? 1 : 0;
 }

@@ -332,6 +332,38 @@ TEST_F(Devices, ScheduledPushesStartWithInitAndRepeatInDueOrder)
                           UploadUpgradeFileFinishedPush}));
 }
 
+// More than the gateway keeps queued, so the flood only ends if the client's reading brings the
+// gateway back for the rest.
+TEST_F(Devices, AFloodSendsExactlyItsCountAsTheClientReadsAndLogsNoMessageLines)
+{
+    constexpr int count = 60000;
+    SimProcess& sim = startSim(withKeys(network, R"(, "messageLog": false, "pushes": [
+        {"type": "devStatus", "devId": "cam-1", "flood": true, "count": 60000,
+         "variants": [{"status": 0}, {"status": 1}]}])"));
+    ASSERT_TRUE(sim.initialise());
+    sim.send(GetDevChannelsInfoCmd, QByteArray("cam-1"));
+
+    QList<int> statuses;
+    while (statuses.size() < count) {
+        const QList<vms_sdk::Frame> frames = sim.takeUntil(DevStatusPush);
+        ASSERT_FALSE(frames.isEmpty()) << statuses.size() << " pushes came";
+        for (const vms_sdk::Frame& frame : frames) {
+            if (frame.type == DevStatusPush)
+                statuses.append(parsedAs<vms_sdk_proto::DevStatusPush>(frame.payload).status());
+        }
+    }
+    for (int i = 0; i < count; ++i)
+        ASSERT_EQ(statuses.at(i), i % 2) << "push " << i;
+    sim.send(GetDevChannelsInfoCmd, QByteArray("cam-1"));
+    EXPECT_EQ(typesOf(sim.takeUntil(DevChannelsInfoPush)), QList<int>{DevChannelsInfoPush});
+
+    const QString log = sim.log();
+    EXPECT_TRUE(log.contains(QStringLiteral("flood finished after 60000 pushes")))
+        << log.toStdString();
+    EXPECT_FALSE(log.contains(QStringLiteral("<- "))) << log.toStdString();
+    EXPECT_FALSE(log.contains(QStringLiteral("-> "))) << log.toStdString();
+}
+
 TEST_F(Devices, WithoutAConfigTheBuiltInNetworkIsThere)
 {
     SimProcess& sim = startSim();

@@ -434,9 +434,12 @@ QList<ScheduledPush> readPushes(JsonFields& root)
         }
         push.afterMs = fields.integer(QStringLiteral("afterMs"), 0, 0, 86400000);
         push.everyMs = fields.integer(QStringLiteral("everyMs"), 0, 0, 86400000);
-        push.count =
-            int(fields.integer(QStringLiteral("count"), push.everyMs > 0 ? 0 : 1, 0, 1000000000));
-        if (fields.ok() && push.everyMs == 0 && push.count != 1)
+        push.flood = fields.flag(QStringLiteral("flood"));
+        if (push.flood && (push.everyMs > 0 || push.afterMs > 0))
+            fields.fail(QStringLiteral("flood"), QStringLiteral("takes no afterMs or everyMs"));
+        const bool repeats = push.everyMs > 0 || push.flood;
+        push.count = int(fields.integer(QStringLiteral("count"), repeats ? 0 : 1, 0, 1000000000));
+        if (fields.ok() && !repeats && push.count != 1)
             fields.fail(QStringLiteral("count"), QStringLiteral("needs everyMs"));
         fields.objects(QStringLiteral("variants")); // each must be an object
         for (const QJsonValue& variant : push.entry.value(QStringLiteral("variants")).toArray())
@@ -476,6 +479,7 @@ bool parseConfig(const QByteArray& json, SimConfig* config, QString* error)
         root.fail(QStringLiteral("unknownDevices"), QStringLiteral("expected online or offline"));
     config->unknownDevicesOnline = unknown == QLatin1String("online");
     config->idleExitMs = int(root.integer(QStringLiteral("idleExitMs"), 0, 0, 86400000));
+    config->messageLog = root.flag(QStringLiteral("messageLog"), true);
     config->rebootMs = int(root.integer(QStringLiteral("rebootMs"), config->rebootMs, 0, 3600000));
     config->upgradeMs =
         int(root.integer(QStringLiteral("upgradeMs"), config->upgradeMs, 0, 3600000));

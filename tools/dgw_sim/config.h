@@ -21,6 +21,9 @@ struct SimConfig
     bool unknownDevicesOnline = true;
     // Exit once no client has been connected for this long; 0: run until told to exit.
     int idleExitMs = 0;
+    // A line per message received, sent or ignored; off for load measurements, where writing
+    // the lines would cost the gateway more than the messages themselves.
+    bool messageLog = true;
     // How long the device operations that take time last: a reboot until the device is back,
     // a firmware upgrade until it is finished, a file transfer until it is complete.
     int rebootMs = 3000;

@@ -273,7 +273,7 @@ QByteArray buildPush(const ScheduledPush& push, const DeviceModel& model, QStrin
             ? push.path
             : QStringLiteral("%1 (variant %2)").arg(push.path).arg(firing % push.variants.size());
     JsonFields fields(entryOf(push, firing), path, error);
-    for (const char* key : {"type", "afterMs", "everyMs", "count", "variants"})
+    for (const char* key : {"type", "afterMs", "everyMs", "count", "flood", "variants"})
         fields.skip(QString::fromLatin1(key));
     QByteArray payload = push.kind->build(fields, model);
     if (!fields.finish())
@@ -302,8 +302,10 @@ void PushScheduler::start()
 {
     m_clock.start();
     m_pending.clear();
-    for (int i = 0; i < m_pushes.size(); ++i)
-        m_pending.append({i, m_pushes.at(i).afterMs, m_pushes.at(i).count, 0});
+    for (int i = 0; i < m_pushes.size(); ++i) {
+        if (!m_pushes.at(i).flood)
+            m_pending.append({i, m_pushes.at(i).afterMs, m_pushes.at(i).count, 0});
+    }
     fire();
 }
 

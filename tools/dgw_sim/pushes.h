@@ -40,6 +40,9 @@ struct ScheduledPush
     qint64 afterMs = 0;
     qint64 everyMs = 0; // 0: once
     int count = 1;      // 0: for as long as the connection lives
+    // Sent back to back for as long as the client keeps reading, instead of on a schedule: a
+    // load for measuring how fast a client takes pushes.
+    bool flood = false;
     // Keys that change from one firing to the next: firing n takes variant n modulo their
     // number over the entry (an object's keys one level down), so a repeated face detection
     // can be an alarm one time and none the next.
@@ -65,6 +68,8 @@ public:
     PushScheduler(QList<ScheduledPush> pushes, const DeviceModel& model, Send send,
                   QObject* parent);
 
+    // Starts the scheduled pushes; a flood is left to the connection, which knows when its
+    // client has read enough to take more.
     void start();
 
 private:

@@ -21,6 +21,10 @@
 namespace vms_dgw_sim {
 namespace {
 
+// What a flood keeps queued in the socket: enough that the client never waits for the
+// gateway, little enough that the queue stays in the caches.
+constexpr qint64 floodBacklogBytes = 1024 * 1024;
+
 QString describe(int type)
 {
     const QString name = vms_sdk::messageTypeName(type);
@@ -94,8 +98,8 @@ SimConnection::SimConnection(QLocalSocket* socket, SimServer& server, int number
     , m_pushes(new PushScheduler(
           server.config().pushes, server.model(),
           [this](const ScheduledPush& push, const QByteArray& payload) {
-              log(QStringLiteral("scheduled push %1 (%2)")
-                      .arg(QLatin1String(push.kind->name), push.path));
+              logMessage(QStringLiteral("scheduled push %1 (%2)")
+                             .arg(QLatin1String(push.kind->name), push.path));
               enqueue({m_clock.elapsed(), Outgoing::Frame, push.kind->type, payload});
           },
           this))
@@ -105,6 +109,7 @@ SimConnection::SimConnection(QLocalSocket* socket, SimServer& server, int number
     m_outboxTimer->setSingleShot(true);
     m_outboxTimer->setTimerType(Qt::PreciseTimer);
     connect(m_outboxTimer, &QTimer::timeout, this, &SimConnection::drain);
+    connect(m_socket, &QLocalSocket::bytesWritten, this, &SimConnection::flood);
     serveFrames(
         this, m_socket, &m_reader, [this] { return !m_closing && !m_server.exiting(); },
         [this](const vms_sdk::Frame& frame) { dispatch(frame); },
@@ -138,9 +143,64 @@ void SimConnection::send(int type, const QByteArray& payload)
         {m_clock.elapsed() + m_server.faults().answerDelayMs(), Outgoing::Frame, type, payload});
 }
 
+void SimConnection::logMessage(const QString& text)
+{
+    if (m_server.config().messageLog)
+        log(text);
+}
+
 void SimConnection::initialised()
 {
     m_pushes->start();
+    startFloods();
+}
+
+void SimConnection::startFloods()
+{
+    m_floods.clear();
+    for (const ScheduledPush& push : m_server.config().pushes) {
+        if (!push.flood)
+            continue;
+        Flood flood{{}, push.count};
+        for (int firing = 0; firing < qMax(1, int(push.variants.size())); ++firing) {
+            QString error;
+            const QByteArray payload = buildPush(push, m_server.model(), &error, firing);
+            if (payload.isNull()) {
+                log(QStringLiteral("push %1 not sent: %2").arg(push.path, error));
+                break;
+            }
+            flood.frames.append(vms_sdk::FrameCodec::encode(
+                push.kind->type, m_server.faults().outgoing(push.kind->type, payload)));
+        }
+        if (flood.frames.size() < qMax(1, int(push.variants.size())))
+            continue;
+        log(QStringLiteral("flooding push %1 (%2)").arg(QLatin1String(push.kind->name), push.path));
+        m_floods.append(flood);
+    }
+    flood();
+}
+
+void SimConnection::flood()
+{
+    if (m_floods.isEmpty())
+        return;
+    if (m_closing || m_socket->state() != QLocalSocket::ConnectedState) {
+        m_floods.clear();
+        return;
+    }
+    // Round robin over the floods, whole frames only; bytesWritten brings us back for more.
+    while (!m_floods.isEmpty() && m_socket->bytesToWrite() < floodBacklogBytes) {
+        for (auto flood = m_floods.begin(); flood != m_floods.end();) {
+            m_socket->write(flood->frames.at(flood->sent % flood->frames.size()));
+            if (++flood->sent == flood->count) {
+                log(QStringLiteral("flood finished after %1 pushes").arg(flood->sent));
+                flood = m_floods.erase(flood);
+            } else {
+                ++flood;
+            }
+        }
+    }
+    m_socket->flush();
 }
 
 void SimConnection::exitProcess()
@@ -151,10 +211,11 @@ void SimConnection::exitProcess()
 
 void SimConnection::dispatch(const vms_sdk::Frame& frame)
 {
-    log(QStringLiteral("<- %1 (%2 bytes)").arg(describe(frame.type)).arg(frame.payload.size()));
+    logMessage(
+        QStringLiteral("<- %1 (%2 bytes)").arg(describe(frame.type)).arg(frame.payload.size()));
     const Faults::Verdict verdict = m_server.faults().admit(frame.type);
     if (verdict.ignore) {
-        log(QStringLiteral("fault: message type %1 ignored").arg(frame.type));
+        logMessage(QStringLiteral("fault: message type %1 ignored").arg(frame.type));
     } else if (verdict.refusal) {
         log(QStringLiteral("fault: message type %1 refused with code %2")
                 .arg(frame.type)
@@ -216,7 +277,7 @@ void SimConnection::write(int type, const QByteArray& payload)
         log(QStringLiteral("fault: payload of %1 made malformed").arg(describe(type)));
     m_socket->write(vms_sdk::FrameCodec::encode(type, bytes));
     m_socket->flush();
-    log(QStringLiteral("-> %1 (%2 bytes)").arg(describe(type)).arg(bytes.size()));
+    logMessage(QStringLiteral("-> %1 (%2 bytes)").arg(describe(type)).arg(bytes.size()));
 }
 
 void SimConnection::closeOnPurpose()

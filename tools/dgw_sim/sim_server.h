@@ -89,6 +89,19 @@ private:
         QByteArray payload;
     };
 
+    // A push sent back to back while the client keeps reading: its frames, one per variant,
+    // are made once, when it starts.
+    struct Flood
+    {
+        QList<QByteArray> frames;
+        int count; // 0: for as long as the connection lives
+        int sent = 0;
+    };
+
+    void startFloods();
+    void flood();
+    // A line about one message: kept out of the log when the config turns the message log off.
+    void logMessage(const QString& text);
     void dispatch(const vms_sdk::Frame& frame);
     void enqueue(Outgoing item);
     void drain();
@@ -104,6 +117,7 @@ private:
     QElapsedTimer m_clock;
     QTimer* m_outboxTimer;
     PushScheduler* m_pushes;
+    QList<Flood> m_floods;
     bool m_closing = false;
 };
 
