@@ -53,9 +53,11 @@ VMS_CLIENT_SDK_EXPORT StreamId playback_by_time_req(const PlaybackByTimeConditio
 VMS_CLIENT_SDK_EXPORT void download_speed_set_req(StreamId streamId, const QString& speed);
 
 // Requests (_req: answered by a ClientSignals signal, or signalRequestTimeout) and commands
-// (_cmd: no answer). Each returns at once. Managed devices are spread over the gateways, a
-// hundred per gateway in list order; set_devs_time_cmd takes "yyyy-MM-dd hh:mm:ss"; the
-// service token is kept and handed to every gateway, also to gateways started later.
+// (_cmd: no answer). request_catalogue.h lists every _req function beside the signal that
+// answers it; pending_request.h makes any of them awaitable. Each returns at once. Managed devices
+// are spread over the gateways, a hundred per gateway in list order; set_devs_time_cmd takes
+// "yyyy-MM-dd hh:mm:ss"; the service token is kept and handed to every gateway, also to gateways
+// started later.
 VMS_CLIENT_SDK_EXPORT void activate_devs_cmd(const ActivateCondition& condition);
 VMS_CLIENT_SDK_EXPORT void add_bullet_tag_point_req(const AddBulletTagPointCondition& condition);
 VMS_CLIENT_SDK_EXPORT void add_face_groups_req(const AddFaceGroupsCondition& condition);
@@ -194,5 +196,9 @@ VMS_CLIENT_SDK_EXPORT void remove_all_request_values();
 VMS_CLIENT_SDK_EXPORT void renewal_request_id(const QString& requestId);
 
 } // namespace vms_sdk
+
+// Awaitable requests and the request catalogue, which names the signal that answers each
+// request function above.
+#include "pending_request.h"
 
 #endif // VMS_SDK_VMS_CLIENT_SDK_H
