@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QThread>
 
+#include <spdlog/cfg/env.h>
 #include <spdlog/sinks/basic_file_sink.h>
 #include <spdlog/spdlog.h>
 
@@ -34,6 +35,19 @@ void write(spdlog::level::level_enum level, const QString& text, const QString& 
     }
 }
 
+// Every line is written unless SPDLOG_LEVEL says otherwise ("info", or "vms_client_log=info"
+// for this log alone). spdlog's loader only reaches registered loggers, so ours is registered
+// for the moment of the loading: kept in the registry, a second init of the same name would
+// throw.
+void applyEnvironmentLevel(const std::shared_ptr<spdlog::logger>& fresh)
+{
+    if (qEnvironmentVariableIsEmpty("SPDLOG_LEVEL"))
+        return;
+    spdlog::register_logger(fresh);
+    spdlog::cfg::load_env_levels();
+    spdlog::drop(fresh->name());
+}
+
 } // namespace
 
 void init_vms_log(const QString& path, const QString& name)
@@ -46,6 +60,7 @@ void init_vms_log(const QString& path, const QString& name)
         fresh->set_pattern("[%Y-%m-%d %H:%M:%S.%e] [%l] %v");
         fresh->set_level(spdlog::level::trace);
         fresh->flush_on(spdlog::level::trace);
+        applyEnvironmentLevel(fresh);
     } catch (const spdlog::spdlog_ex&) {
         // A log that cannot be opened must not stop the application: it just stays silent.
         fresh.reset();
