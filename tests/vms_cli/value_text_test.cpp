@@ -53,14 +53,14 @@ TEST_F(ValueTextTest, PrintsAnyValueThroughItsType)
          QStringLiteral("condition"),
          QVariant::fromValue(presetCall),
          -1,
-         {"condition: ", "  requestId: r-1", "  channelId: ", "    devId: cam-2",
+         {"condition:", "  requestId: r-1", "  channelId:", "    devId: cam-2",
           "    channelIndex: 1", "  presetNum: 4", "  presetName: \"\"",
           "  operation: PresetOperCall"}},
         {"a list cut after maxItems",
          QStringLiteral("presets"),
          QVariant::fromValue(presets),
          1,
-         {"presets: (3)", "  [0]: ", "    presetNum: 1", "    presetName: Door", "  ... 2 more"}},
+         {"presets: (3)", "  [0]:", "    presetNum: 1", "    presetName: Door", "  ... 2 more"}},
         {"an empty list",
          QStringLiteral("presets"),
          QVariant::fromValue(QList<vms_sdk::PresetInfo>()),
@@ -86,8 +86,8 @@ TEST_F(ValueTextTest, PrintsAnyValueThroughItsType)
          QVariant::fromValue(QMap<int, vms_sdk::AiAbilityInfo>{
              {3, vms_sdk::AiAbilityInfo{.package = QStringLiteral("people_count")}}}),
          -1,
-         {"abilities: {1}", "  3: ", "    package: people_count", "    version: 0",
-          "    name: \"\"", "    status: 0", "    enabled: false"}},
+         {"abilities: {1}", "  3:", "    package: people_count", "    version: 0", "    name: \"\"",
+          "    status: 0", "    enabled: false"}},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);

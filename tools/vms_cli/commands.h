@@ -15,6 +15,9 @@ struct Io
     QTextStream& out;
     QTextStream& err;
     bool interactive; // out is a terminal
+    // out carries JSON lines: progress and other chatter go to err.
+    QTextStream& chatter() { return json ? err : out; }
+    bool json = false;
 };
 
 // Exit codes of every command.

@@ -11,6 +11,7 @@
 #include <QElapsedTimer>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QStandardPaths>
 
 namespace vms_cli {
 
@@ -116,7 +117,10 @@ ExitCode runDemo(const Options& options, GatewaySession& session, Io& io)
                       .toJson(QJsonDocument::Compact)
                << Qt::endl;
     else
-        io.out << '\n' << summary << Qt::endl;
+        io.out << "\nthe library's log: "
+               << QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
+               << "/vms.client.log\n"
+               << summary << Qt::endl;
     return failed + timedOut == 0 ? ExitOk : ExitFailed;
 }
 

@@ -193,23 +193,26 @@ StepResult talk(Tour&)
 {
     StepResult result;
     result.ok = true;
+    int events = 0;
+    QObject context;
+    QObject::connect(vms_sdk::ClientSignals::instance(),
+                     &vms_sdk::ClientSignals::signalTalkEventPush, &context,
+                     [&](const QPair<QString, int>& on, vms_sdk::TalkEvent event) {
+                         ++events;
+                         result.lines.append(QStringLiteral("%1/%2: %3")
+                                                 .arg(on.first)
+                                                 .arg(on.second)
+                                                 .arg(scalarText(QVariant::fromValue(event))));
+                     });
     for (int operation : {0, 1}) {
+        // The answer comes first, then the event.
         vms_sdk::PendingRequest* pending = vms_sdk::send_request(
             QStringLiteral("talk_oper_req"),
             with(channel("cam-1"), {{QStringLiteral("operation"), operation}}));
-        const StepResult step = awaitPush(
-            &vms_sdk::ClientSignals::signalTalkEventPush, [] {},
-            [&](const QPair<QString, int>& on, vms_sdk::TalkEvent event) {
-                result.lines.append(QStringLiteral("%1/%2: %3")
-                                        .arg(on.first)
-                                        .arg(on.second)
-                                        .arg(scalarText(QVariant::fromValue(event))));
-                return true;
-            },
-            [] { return QStringList(); });
         const vms_sdk::RequestOutcome outcome = await(pending, PushGuardMs);
-        result.ok = result.ok && step.ok && succeeded(outcome);
-        result.timedOut = result.timedOut || step.timedOut;
+        const bool evented = runUntil([&] { return events > operation; }, PushGuardMs);
+        result.ok = result.ok && evented && succeeded(outcome);
+        result.timedOut = result.timedOut || !evented || outcome.end == vms_sdk::RequestTimedOut;
     }
     return result;
 }

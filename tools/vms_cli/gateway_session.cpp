@@ -3,6 +3,7 @@
 #include "gateway_session.h"
 
 #include "event_loop.h"
+#include "value_text.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -99,9 +100,12 @@ bool GatewaySession::start(const Options& options, QTextStream& err)
     bool abnormal = false;
     QObject context;
     QObject::connect(signals_, &vms_sdk::ClientSignals::signalDgwAbnormal, &context,
-                     [&](vms_sdk::DgwAbnormal reason) {
-                         abnormal = true;
-                         err << "gateway abnormal: " << int(reason) << Qt::endl;
+                     [&] { abnormal = true; });
+    // Said whenever it happens, during a command or after it, the release included.
+    QObject::connect(signals_, &vms_sdk::ClientSignals::signalDgwAbnormal, &m_watch,
+                     [&err](vms_sdk::DgwAbnormal reason) {
+                         err << "gateway abnormal: " << scalarText(QVariant::fromValue(reason))
+                             << Qt::endl;
                      });
     QSet<QString> reported;
     QObject::connect(signals_, &vms_sdk::ClientSignals::signalDevStatusPush, &context,

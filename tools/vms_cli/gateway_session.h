@@ -6,6 +6,7 @@
 
 #include <vms_sdk/vms_client_sdk.h>
 
+#include <QObject>
 #include <QTextStream>
 
 namespace vms_cli {
@@ -37,6 +38,7 @@ private:
     QString m_devicesPath;
     int m_online = 0;
     bool m_started = false;
+    QObject m_watch; // holds the connections that last as long as the session
 };
 
 } // namespace vms_cli

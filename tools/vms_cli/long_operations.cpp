@@ -34,7 +34,7 @@ LongResult runPolled(const PolledOperation& operation, Io& io)
         }
     }
     const vms_sdk::RequestEntry* poll = vms_sdk::find_request(operation.pollRequest);
-    ProgressBar bar(io.out, operation.label, io.interactive);
+    ProgressBar bar(io.chatter(), operation.label, io.interactive && !io.json);
     QElapsedTimer clock;
     clock.start();
     while (clock.elapsed() < OperationGuardMs) {
@@ -73,7 +73,7 @@ LongResult runTransfer(const QString& label, const QString& request, const QVari
         result.lines = QStringList{error};
         return result;
     }
-    ProgressBar bar(io.out, label, io.interactive);
+    ProgressBar bar(io.chatter(), label, io.interactive && !io.json);
     const QString id = pending->requestId();
     QObject context;
     QObject::connect(vms_sdk::ClientSignals::instance(),

@@ -53,6 +53,7 @@ int main(int argc, char** argv)
         err << "vms_cli: unknown command " << options.command << "\n\n" << usage() << Qt::flush;
         return ExitUsage;
     }
+    io.json = options.json;
     if (const ExitCode prepared = command->prepare(options, io); prepared != ExitOk)
         return prepared == ExitHandled ? ExitOk : prepared;
 

@@ -158,7 +158,8 @@ QStringList valueLines(const QString& label, const QVariant& value, int maxItems
     // A record at the top prints its fields at the same depth: the label says nothing more.
     const bool flat = label.isEmpty();
     if (!flat)
-        lines.append(QString(head + summary));
+        lines.append(summary.isEmpty() ? QString(pad + label + QLatin1Char(':'))
+                                       : QString(head + summary));
     if (children.isEmpty() && flat)
         lines.append(pad + (summary.isEmpty() ? QStringLiteral("{}") : summary));
     const int shown = maxItems < 0 || kindOf(value) == Kind::Record
