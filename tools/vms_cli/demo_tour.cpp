@@ -241,6 +241,7 @@ StepResult importFaces(Tour& tour)
     const QVariantMap where = channel("cam-1");
     return fromLong(runPolled(
         {.label = QStringLiteral("face import"),
+         .command = {},
          .start =
              [=] {
                  return vms_sdk::send_request(QStringLiteral("import_face_library_req"), where);
@@ -272,6 +273,7 @@ StepResult exportFaces(Tour& tour)
     const QVariantMap where = channel("cam-1");
     return fromLong(runPolled(
         {.label = QStringLiteral("face export"),
+         .command = {},
          .start =
              [=] {
                  return vms_sdk::send_request(QStringLiteral("export_face_library_req"), where);
@@ -293,6 +295,7 @@ StepResult formatDisk(Tour& tour)
         device("nvr-1"), {{QStringLiteral("diskNum"), tour.kept.value(QStringLiteral("disk"))}});
     return fromLong(runPolled(
         {.label = QStringLiteral("disk format"),
+         .command = {},
          .start =
              [=] { return vms_sdk::send_request(QStringLiteral("format_dev_disk_req"), disk); },
          .pollRequest = QStringLiteral("get_dev_disk_formatting_progress_req"),
@@ -307,11 +310,8 @@ StepResult upgrade(Tour& tour)
 {
     return fromLong(runPolled(
         {.label = QStringLiteral("upgrade"),
-         .start =
-             [] {
-                 vms_sdk::do_dev_upgrade_cmd({.devId = QStringLiteral("cam-1")});
-                 return nullptr;
-             },
+         .command = [] { vms_sdk::do_dev_upgrade_cmd({.devId = QStringLiteral("cam-1")}); },
+         .start = {},
          .pollRequest = QStringLiteral("get_dev_upgrade_progress_req"),
          .pollArguments = device("cam-1"),
          .percent =
@@ -464,7 +464,12 @@ QList<DemoStep> demoSteps()
          {},
          {}},
         {S("live view"), S("two seconds of live video"), {}, {}, {}, liveView},
-        {S("live view"), S("a snapshot"), S("get_snap_image_req"), cam1, {}, {}},
+        {S("live view"),
+         S("a snapshot"),
+         S("get_snap_image_req"),
+         with(cam1, {{S("path"), S("snapshots/entrance.jpg")}}),
+         {},
+         {}},
         {S("playback"),
          S("play a recording, pause, resume, skip, speed up"),
          {},

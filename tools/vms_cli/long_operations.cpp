@@ -21,6 +21,8 @@ constexpr int AnswerGuardMs = 10000;
 LongResult runPolled(const PolledOperation& operation, Io& io)
 {
     LongResult result;
+    if (operation.command)
+        operation.command();
     if (operation.start) {
         vms_sdk::PendingRequest* started = operation.start();
         const vms_sdk::RequestOutcome outcome =

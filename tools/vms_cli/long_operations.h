@@ -24,7 +24,8 @@ struct LongResult
 struct PolledOperation
 {
     QString label;
-    std::function<vms_sdk::PendingRequest*()> start; // nullptr: a command, nothing to await
+    std::function<void()> command;                   // a command that starts it, or
+    std::function<vms_sdk::PendingRequest*()> start; // a request that starts it, awaited
     QString pollRequest;
     QVariantMap pollArguments;
     std::function<int(const QVariantMap& answer)> percent;

@@ -4,11 +4,11 @@
 // vms_cli: the client library from a shell. It starts its gateways (the bundled simulator
 // with the bundled devices unless told otherwise), runs one command and shuts down.
 #include "commands.h"
+#include "gateway_output.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
 
-#include <cstdio>
 #include <unistd.h>
 
 using namespace vms_cli;
@@ -29,7 +29,10 @@ int main(int argc, char** argv)
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("vms_cli"));
     QTextStream out(stdout);
-    QTextStream err(stderr);
+    // The gateways inherit stderr and write a line per message they handle: that goes to a
+    // file, and this program's own complaints to the terminal.
+    QTextStream err(keepStderr());
+    const QString gatewayOutput = divertGatewayOutput();
     Io io{out, err, bool(::isatty(STDOUT_FILENO))};
 
     Options options;
@@ -64,6 +67,8 @@ int main(int argc, char** argv)
     }
     const ExitCode result = command->run(options, session, io);
     session.stop();
+    if (!gatewayOutput.isEmpty() && result != ExitOk)
+        err << "the gateways' output: " << gatewayOutput << Qt::endl;
     out << Qt::flush;
     return result;
 }
