@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QThread>
 
+#include <spdlog/cfg/env.h>
 #include <spdlog/sinks/basic_file_sink.h>
 #include <spdlog/spdlog.h>
 // Not self-contained: needs the declarations above.
@@ -43,6 +44,19 @@ void write(spdlog::level::level_enum level, const QString& text, const QString& 
     }
 }
 
+// Every line is written unless SPDLOG_LEVEL says otherwise ("info", or "vms_client_log=info"
+// for this log alone). spdlog's loader only reaches registered loggers, so ours is registered
+// for the moment of the loading: kept in the registry, a second init of the same name would
+// throw.
+void applyEnvironmentLevel(const std::shared_ptr<spdlog::logger>& fresh)
+{
+    if (qEnvironmentVariableIsEmpty("SPDLOG_LEVEL"))
+        return;
+    spdlog::register_logger(fresh);
+    spdlog::cfg::load_env_levels();
+    spdlog::drop(fresh->name());
+}
+
 } // namespace
 
 void init_vms_log(const QString& path, const QString& name)
@@ -57,6 +71,7 @@ void init_vms_log(const QString& path, const QString& name)
         // A write to the file for every line costs more than everything else the line does;
         // an error is worth it, the rest waits for the flusher or the release.
         fresh->flush_on(spdlog::level::err);
+        applyEnvironmentLevel(fresh);
     } catch (const spdlog::spdlog_ex&) {
         // A log that cannot be opened must not stop the application: it just stays silent.
         fresh.reset();

@@ -52,15 +52,18 @@ TEST(GatewayLifecycle, AMissingProgramIsAStartFailure)
 
 } // namespace
 
-// After release every gateway process has exited.
-TEST(GatewayLifecycle, ReleaseStopsEveryGatewayProcess)
+// After release every gateway process has exited, and none is reported abnormal.
+TEST(GatewayLifecycle, ReleaseStopsEveryGatewayProcessWithoutAnAbnormalEnd)
 {
     vms_test::SimGateways gateways;
     gateways.start(QStringLiteral(VMS_DGW_SIM_PATH), R"({"idleExitMs": 10000})", devices(150));
     const QList<qint64>& pids = gateways.pids;
     ASSERT_EQ(pids.size(), 2);
 
+    QSignalSpy abnormal(ClientSignals::instance(), &ClientSignals::signalDgwAbnormal);
     release_vms_client_sdk();
     EXPECT_TRUE(vms_test::waitFor([&] { return !isRunning(pids[0]) && !isRunning(pids[1]); }));
+    // They exited because they were told to: that is no abnormal end.
+    EXPECT_FALSE(vms_test::waitFor([&] { return !abnormal.isEmpty(); }, 300));
     gateways.stop();
 }

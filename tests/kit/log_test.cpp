@@ -101,3 +101,37 @@ TEST(Log, AnUnwritableLogStaysSilent)
     release_vms_log();
     EXPECT_FALSE(QFile::exists(blocker + QStringLiteral("/below/it.log")));
 }
+
+TEST(Log, TheEnvironmentLevelChoosesWhichLinesAreWritten)
+{
+    struct Row
+    {
+        const char* spdlogLevel; // empty: not set
+        QStringList written;
+    };
+    const Row rows[] = {
+        {"", {"info", "error", "trace"}},
+        {"info", {"info", "error"}},
+        {"err", {"error"}},
+        {"kit=warn,other=trace", {"error"}},
+        {"other=off", {"info", "error", "trace"}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.spdlogLevel);
+        qputenv("SPDLOG_LEVEL", row.spdlogLevel);
+        const QString path = freshLogPath();
+        // Twice under one name: the level is read anew and the name is never taken.
+        for (int round = 0; round < 2; ++round) {
+            init_vms_log(path, QStringLiteral("kit"));
+            log_info(QStringLiteral("info"), tag);
+            log_error(QStringLiteral("error"), tag);
+            log_trace(QStringLiteral("trace"), tag);
+            release_vms_log();
+        }
+        QStringList texts;
+        for (const QString& line : vms_test::readLines(path))
+            texts.append(line.section(tag, 1));
+        EXPECT_EQ(texts, row.written + row.written);
+    }
+    qunsetenv("SPDLOG_LEVEL");
+}

@@ -152,6 +152,10 @@ bool MultiDgwMgr::startProcess(const MessageSocket* gateway)
 
 void MultiDgwMgr::onConnectStatus(MessageSocket* gateway, ConnStatus status)
 {
+    // After release the gateways exit because they were told to: their channels closing is
+    // the shutdown the application asked for, not a failure to report.
+    if (m_exiting && status != ConnStatusConnected)
+        return;
     switch (status) {
     case ConnStatusConnected: {
         vms_sdk_proto::InitDgwReq request;
