@@ -126,15 +126,20 @@ void log_line(LogLevel level, std::string_view utf8Line)
 
 void appendUtf8(std::string& to, const QString& text)
 {
-    const QChar* begin = text.constData();
-    const QChar* end = begin + text.size();
-    for (const QChar* c = begin; c != end; ++c) {
-        if (c->unicode() >= 0x80) {
-            const QByteArray rest = QStringView(c, end).toUtf8();
+    const QChar* in = text.constData();
+    const size_t start = to.size();
+    const size_t size = size_t(text.size());
+    to.resize(start + size);
+    char* out = to.data() + start;
+    for (size_t i = 0; i < size; ++i) {
+        const char16_t unit = in[i].unicode();
+        if (unit >= 0x80) {
+            to.resize(start + i);
+            const QByteArray rest = QStringView(in + i, qsizetype(size - i)).toUtf8();
             to.append(rest.constData(), size_t(rest.size()));
             return;
         }
-        to += char(c->unicode());
+        out[i] = char(unit);
     }
 }
 
