@@ -164,7 +164,9 @@ TEST(Log, TextsReachTheLineInUtf8)
         {"Latin-1 after ASCII", QStringLiteral("Caf\u00e9!"), "Caf\xc3\xa9!"},
         {"first letter not ASCII", QStringLiteral("\u00e9t\u00e9"), "\xc3\xa9t\xc3\xa9"},
         {"three bytes", QStringLiteral("id \u6444"), "id \xe6\x91\x84"},
-        {"surrogate pair", QStringLiteral("a\U0001F600b"), "a\xf0\x9f\x98\x80b"},
+        {"surrogate pair", QStringLiteral("a\U0001F600b"),
+         "a\xf0\x9f\x98\x80"
+         "b"},
         {"replacement character", QStringLiteral("Caf\uFFFD"), "Caf\xef\xbf\xbd"},
     };
     for (const Row& row : rows) {
