@@ -311,7 +311,7 @@ std::string number(double value, int decimals)
     const size_t point = std::min(digits.find('.'), digits.size());
     for (size_t at = point; at > 3 + (digits[0] == '-' ? 1 : 0);) {
         at -= 3;
-        digits.insert(at, ",");
+        digits.insert(at, 1, ',');
     }
     return digits;
 }

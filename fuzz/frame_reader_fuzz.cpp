@@ -2,8 +2,9 @@
 // SPDX-FileCopyrightText: the vms_client_sdk developers
 
 // Frame reassembly from arbitrary pieces. The input's first byte is a seed for the piece
-// sizes, the rest is the byte stream. Whatever the pieces, the frames read must be the same
-// as when the whole stream is there at once, and never hold more bytes than arrived.
+// sizes, the rest is the byte stream. Whatever the pieces, and whether they come from a device
+// or from memory, the frames read must be the same as when the whole stream is there at once,
+// and never hold more bytes than arrived.
 #include "fuzz_support.h"
 
 #include "vms_protocol/frame_codec.h"
@@ -16,7 +17,8 @@
 
 namespace {
 
-QList<vms_sdk::Frame> readAll(const QByteArray& stream, quint32 seed, QByteArray* consumed)
+QList<vms_sdk::Frame> readAll(const QByteArray& stream, quint32 seed, bool fromMemory,
+                              QByteArray* consumed)
 {
     vms_test::ChunkDevice device;
     vms_sdk::FrameReader reader;
@@ -29,10 +31,14 @@ QList<vms_sdk::Frame> readAll(const QByteArray& stream, quint32 seed, QByteArray
             seed = seed * 1103515245u + 12345u;
             piece = qMin(piece, int((seed >> 16) % 32) + 1);
         }
-        device.feed(stream.mid(offset, piece));
+        const QByteArray bytes = stream.mid(offset, piece);
         offset += piece;
+        const char* next = bytes.constData();
+        qint64 left = bytes.size();
+        if (!fromMemory)
+            device.feed(bytes);
         vms_sdk::Frame frame;
-        while (reader.read(device, frame)) {
+        while (fromMemory ? reader.read(next, left, frame) : reader.read(device, frame)) {
             frames.append(frame);
             consumed->append(vms_sdk::FrameCodec::encode(frame.type, frame.payload));
             if (frames.size() > 4096)
@@ -52,11 +58,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const QByteArray stream = vms_fuzz::bytes(data + 1, size - 1);
     QByteArray whole;
     QByteArray pieces;
-    const QList<vms_sdk::Frame> atOnce = readAll(stream, 0, &whole);
-    const QList<vms_sdk::Frame> inPieces = readAll(stream, quint32(data[0]) + 1, &pieces);
+    QByteArray memory;
+    const QList<vms_sdk::Frame> atOnce = readAll(stream, 0, false, &whole);
+    const QList<vms_sdk::Frame> inPieces = readAll(stream, quint32(data[0]) + 1, false, &pieces);
+    const QList<vms_sdk::Frame> inMemory = readAll(stream, quint32(data[0]) + 1, true, &memory);
     // Re-encoding is exact for type, payload and null payload alike, so equal encodings are
     // equal frames.
-    if (atOnce.size() != inPieces.size() || whole != pieces || whole.size() > stream.size())
+    if (atOnce.size() != inPieces.size() || whole != pieces || whole != memory ||
+        atOnce.size() != inMemory.size() || whole.size() > stream.size())
         std::abort();
     return 0;
 }

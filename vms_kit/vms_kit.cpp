@@ -2,6 +2,8 @@
 // SPDX-FileCopyrightText: the vms_client_sdk developers
 #include "vms_kit/vms_kit.h"
 
+#include "vms_kit/line_formatter.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QThread>
@@ -36,12 +38,20 @@ std::shared_ptr<spdlog::logger> currentLogger()
     return logger;
 }
 
+void write(spdlog::level::level_enum level, std::string_view line)
+{
+    if (auto log = currentLogger())
+        log->log(level, spdlog::string_view_t(line.data(), line.size()));
+}
+
 void write(spdlog::level::level_enum level, const QString& text, const QString& tag)
 {
-    if (auto log = currentLogger()) {
-        const QByteArray line = (tag + text).toUtf8();
-        log->log(level, spdlog::string_view_t(line.constData(), size_t(line.size())));
-    }
+    // One buffer per thread, reused: a line costs no allocation once it has grown.
+    thread_local std::string line;
+    line.clear();
+    appendUtf8(line, tag);
+    appendUtf8(line, text);
+    write(level, line);
 }
 
 // Every line is written unless SPDLOG_LEVEL says otherwise ("info", or "vms_client_log=info"
@@ -66,7 +76,7 @@ void init_vms_log(const QString& path, const QString& name)
     try {
         auto sink = std::make_shared<spdlog::sinks::basic_file_sink_mt>(path.toStdString());
         fresh = std::make_shared<spdlog::logger>(name.toStdString(), std::move(sink));
-        fresh->set_pattern("[%Y-%m-%d %H:%M:%S.%e] [%l] %v");
+        fresh->set_formatter(std::make_unique<LineFormatter>());
         fresh->set_level(spdlog::level::trace);
         // A write to the file for every line costs more than everything else the line does;
         // an error is worth it, the rest waits for the flusher or the release.
@@ -120,6 +130,32 @@ void log_error(const QString& text, const QString& tag)
 void log_trace(const QString& text, const QString& tag)
 {
     write(spdlog::level::trace, text, tag);
+}
+
+void log_line(LogLevel level, std::string_view utf8Line)
+{
+    static constexpr spdlog::level::level_enum levels[] = {spdlog::level::trace,
+                                                           spdlog::level::info, spdlog::level::err};
+    write(levels[int(level)], utf8Line);
+}
+
+void appendUtf8(std::string& to, const QString& text)
+{
+    const QChar* in = text.constData();
+    const size_t start = to.size();
+    const size_t size = size_t(text.size());
+    to.resize(start + size);
+    char* out = to.data() + start;
+    for (size_t i = 0; i < size; ++i) {
+        const char16_t unit = in[i].unicode();
+        if (unit >= 0x80) {
+            to.resize(start + i);
+            const QByteArray rest = QStringView(in + i, qsizetype(size - i)).toUtf8();
+            to.append(rest.constData(), size_t(rest.size()));
+            return;
+        }
+        out[i] = char(unit);
+    }
 }
 
 void xsleep(int milliseconds)

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <string_view>
+
 // The platform kit: one process-wide log file and a sleep.
 //
 // A log line reads "[time] [level] <tag><text>", one line per call. Error lines reach the
@@ -23,6 +25,12 @@ void flush_vms_log();
 void log_info(const QString& text, const QString& tag);
 void log_error(const QString& text, const QString& tag);
 void log_trace(const QString& text, const QString& tag);
+
+// The same for a line that is UTF-8 already, its tag included: nothing to convert on the way.
+enum class LogLevel { Trace, Info, Error };
+void log_line(LogLevel level, std::string_view utf8Line);
+// Appends `text` to `to` in UTF-8; the loop over plain ASCII costs less than a conversion.
+void appendUtf8(std::string& to, const QString& text);
 
 void xsleep(int milliseconds);
 

@@ -8,6 +8,34 @@
 #include <cstring>
 
 namespace vms_sdk {
+namespace {
+
+// Where a reader takes its bytes from: a device, or memory the owner has read already.
+struct DeviceSource
+{
+    QIODevice& device;
+
+    qint64 available() const { return device.bytesAvailable(); }
+    qint64 take(char* to, qint64 wanted) { return device.read(to, wanted); }
+};
+
+struct MemorySource
+{
+    const char*& bytes;
+    qint64& size;
+
+    qint64 available() const { return size; }
+    qint64 take(char* to, qint64 wanted)
+    {
+        const qint64 n = qMin(wanted, size);
+        std::memcpy(to, bytes, size_t(n));
+        bytes += n;
+        size -= n;
+        return n;
+    }
+};
+
+} // namespace
 
 QByteArray FrameCodec::encode(int type, const QByteArray& payload)
 {
@@ -54,11 +82,24 @@ void FrameReader::recycle(QByteArray& payload)
 
 bool FrameReader::read(QIODevice& device, Frame& frame)
 {
+    DeviceSource source{device};
+    return readFrom(source, frame);
+}
+
+bool FrameReader::read(const char*& bytes, qint64& size, Frame& frame)
+{
+    MemorySource source{bytes, size};
+    return readFrom(source, frame);
+}
+
+template<class Source>
+bool FrameReader::readFrom(Source& source, Frame& frame)
+{
     if (failed())
         return false;
-    if (m_headerFilled < FrameCodec::HeaderSize && !readHeader(device))
+    if (m_headerFilled < FrameCodec::HeaderSize && !readHeader(source))
         return false;
-    if (!readPayload(device))
+    if (!readPayload(source))
         return false;
     frame.type = m_type;
     frame.payload = std::move(m_payload);
@@ -66,10 +107,11 @@ bool FrameReader::read(QIODevice& device, Frame& frame)
     return true;
 }
 
-bool FrameReader::readHeader(QIODevice& device)
+template<class Source>
+bool FrameReader::readHeader(Source& source)
 {
     const qint64 got =
-        device.read(m_header + m_headerFilled, FrameCodec::HeaderSize - m_headerFilled);
+        source.take(m_header + m_headerFilled, FrameCodec::HeaderSize - m_headerFilled);
     if (got > 0)
         m_headerFilled += int(got);
     if (m_headerFilled < FrameCodec::HeaderSize)
@@ -113,11 +155,12 @@ bool FrameReader::refuse(const QString& why)
     return false;
 }
 
-bool FrameReader::readPayload(QIODevice& device)
+template<class Source>
+bool FrameReader::readPayload(Source& source)
 {
     constexpr qint64 minimumStep = 64 * 1024;
     while (m_payloadFilled < m_payloadSize) {
-        const qint64 available = device.bytesAvailable();
+        const qint64 available = source.available();
         if (available <= 0)
             return false;
         const qint64 wanted = qMin(available, m_payloadSize - m_payloadFilled);
@@ -127,7 +170,7 @@ bool FrameReader::readPayload(QIODevice& device)
             m_payload.reserve(int(qMin(grown, m_payloadSize)));
         }
         m_payload.resize(int(needed));
-        const qint64 got = device.read(m_payload.data() + m_payloadFilled, wanted);
+        const qint64 got = source.take(m_payload.data() + m_payloadFilled, wanted);
         if (got <= 0) {
             m_payload.resize(int(m_payloadFilled));
             return false;

@@ -215,6 +215,34 @@ TEST_F(MessageSocketTest, OtherFramesGoToTheHubWholeAndInOrderAndASlotMayDeleteT
     EXPECT_EQ(routed[1][0].value<MessageType>(), DevStatusPush);
 }
 
+// A receiver that runs an event loop of its own while more frames arrive must neither see
+// them out of order nor leave them waiting for bytes that come later.
+TEST_F(MessageSocketTest, FramesThatArriveWhileAReceiverRunsAnEventLoopFollowInOrder)
+{
+    auto channel = makeSocket();
+    QLocalSocket* peer = accept();
+    ASSERT_NE(peer, nullptr);
+    readFromPeer(peer, 13);
+    QList<QByteArray> payloads;
+    QObject context;
+    QObject::connect(MessageSignals::instance(), &MessageSignals::signalMessageComing, &context,
+                     [&](MessageType, const QByteArray& payload) {
+                         payloads.append(payload);
+                         if (payload != "first")
+                             return;
+                         peer->write(FrameCodec::encode(40, "second") +
+                                     FrameCodec::encode(40, "third"));
+                         peer->flush();
+                         vms_test::waitFor([&] { return channel->socket()->bytesAvailable() > 0; });
+                         QCoreApplication::processEvents();
+                     });
+    peer->write(FrameCodec::encode(40, "first"));
+    peer->flush();
+    ASSERT_TRUE(vms_test::waitFor([&] { return payloads.size() == 3; }));
+    EXPECT_EQ(payloads, (QList<QByteArray>{"first", "second", "third"}));
+    delete peer;
+}
+
 // Frames sent by receivers of incoming frames go out together once the batch is handled; from
 // anywhere else at once. Either way nothing is left waiting for the next pass of the event loop.
 TEST_F(MessageSocketTest, NothingSentWaitsForTheNextPassOfTheEventLoop)

@@ -2,6 +2,7 @@
 // SPDX-FileCopyrightText: the vms_client_sdk developers
 #include "support/test_support.h"
 
+#include "vms_kit/line_formatter.h"
 #include "vms_kit/vms_kit.h"
 
 #include <QDir>
@@ -9,6 +10,8 @@
 #include <QUuid>
 
 #include <gtest/gtest.h>
+#include <spdlog/details/log_msg.h>
+#include <spdlog/pattern_formatter.h>
 
 #include <thread>
 #include <vector>
@@ -134,4 +137,75 @@ TEST(Log, TheEnvironmentLevelChoosesWhichLinesAreWritten)
         EXPECT_EQ(texts, row.written + row.written);
     }
     qunsetenv("SPDLOG_LEVEL");
+}
+
+// The formatter must print what spdlog's own pattern prints, letter for letter, however the
+// times of consecutive lines fall: within a second, across one, back in time.
+TEST(Log, TheLineFormatterPrintsWhatThePatternPrints)
+{
+    using namespace std::chrono;
+    using spdlog::level::level_enum;
+    struct Row
+    {
+        const char* name;
+        milliseconds time; // since the epoch
+        level_enum level;
+        const char* text;
+    };
+    const milliseconds noon{1'798'200'000'000};
+    const Row rows[] = {
+        {"first line", noon, level_enum::info, "first"},
+        {"same second", noon + 999ms, level_enum::trace, "[tag:]  dgw push device status:c 1"},
+        {"next second", noon + 1s, level_enum::err, "int dgw failure"},
+        {"a millisecond in", noon + 1001ms, level_enum::info, ""},
+        {"back in time", noon - 1ms, level_enum::info, "late"},
+        {"another day", noon + 86'400'123ms, level_enum::trace, "caf\xc3\xa9"},
+        {"the day before", noon - 86'400'010ms, level_enum::err, "x"},
+    };
+    vms_kit::LineFormatter ours;
+    spdlog::pattern_formatter pattern("[%Y-%m-%d %H:%M:%S.%e] [%l] %v");
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        spdlog::details::log_msg msg(spdlog::log_clock::time_point(row.time), {}, "kit", row.level,
+                                     row.text);
+        spdlog::memory_buf_t expected;
+        spdlog::memory_buf_t got;
+        pattern.format(msg, expected);
+        ours.format(msg, got);
+        EXPECT_EQ(fmt::to_string(got), fmt::to_string(expected));
+    }
+    // A clone starts afresh and prints the same.
+    spdlog::details::log_msg msg(spdlog::log_clock::time_point(noon), {}, "kit", level_enum::info,
+                                 "clone");
+    spdlog::memory_buf_t expected;
+    spdlog::memory_buf_t got;
+    pattern.format(msg, expected);
+    ours.clone()->format(msg, got);
+    EXPECT_EQ(fmt::to_string(got), fmt::to_string(expected));
+}
+
+TEST(Log, TextsReachTheLineInUtf8)
+{
+    struct Row
+    {
+        const char* name;
+        QString text;
+        std::string utf8;
+    };
+    const Row rows[] = {
+        {"ASCII", QStringLiteral("cam-1 0"), "cam-1 0"},
+        {"empty", QString(), ""},
+        {"Latin-1 after ASCII", QStringLiteral("Caf\u00e9!"), "Caf\xc3\xa9!"},
+        {"first letter not ASCII", QStringLiteral("\u00e9t\u00e9"), "\xc3\xa9t\xc3\xa9"},
+        {"three bytes", QStringLiteral("id \u6444"), "id \xe6\x91\x84"},
+        {"surrogate pair", QStringLiteral("a\U0001F600b"),
+         "a\xf0\x9f\x98\x80"
+         "b"},
+        {"replacement character", QStringLiteral("Caf\uFFFD"), "Caf\xef\xbf\xbd"},
+    };
+    for (const Row& row : rows) {
+        std::string line = "[tag:]";
+        appendUtf8(line, row.text);
+        EXPECT_EQ(line, "[tag:]" + row.utf8) << row.name;
+    }
 }

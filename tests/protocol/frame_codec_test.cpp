@@ -207,3 +207,64 @@ TEST(FrameReader, ARecycledPayloadIsReusedOnlyWhenNobodyKeptItAndItFits)
         }
     }
 }
+
+// The message channel reads what its socket holds at once and cuts the frames out of memory;
+// whatever the batches' boundaries, the frames come out as from the device, and a piece is
+// consumed only as far as its frames go.
+TEST(FrameReader, BytesAlreadyInMemoryAreCutIntoTheSameFramesWhereverThePiecesEnd)
+{
+    const QByteArray three = FrameCodec::encode(21, "answer") + FrameCodec::encode(40, "b") +
+                             FrameCodec::encode(3, QByteArray());
+    QList<QByteArray> bytewise;
+    for (char byte : three)
+        bytewise.append(QByteArray(1, byte));
+    struct Row
+    {
+        const char* name;
+        QList<QByteArray> pieces;
+    };
+    const Row rows[] = {
+        {"one piece", {three}},
+        {"split in the length field", {three.left(5), three.mid(5)}},
+        {"split in the size field", {three.left(11), three.mid(11)}},
+        {"split in a payload", {three.left(16), three.mid(16)}},
+        {"split between frames", {three.left(19), three.mid(19)}},
+        {"byte by byte", bytewise},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        FrameReader reader;
+        QList<Frame> frames;
+        for (const QByteArray& piece : row.pieces) {
+            const char* bytes = piece.constData();
+            qint64 size = piece.size();
+            Frame frame;
+            while (reader.read(bytes, size, frame))
+                frames.append(frame);
+            EXPECT_EQ(size, 0);
+            EXPECT_EQ(bytes, piece.constData() + piece.size());
+        }
+        ASSERT_EQ(frames.size(), 3);
+        EXPECT_EQ(frames[0].type, 21);
+        EXPECT_EQ(frames[0].payload, "answer");
+        EXPECT_EQ(frames[1].type, 40);
+        EXPECT_EQ(frames[1].payload, "b");
+        EXPECT_EQ(frames[2].type, 3);
+        EXPECT_TRUE(frames[2].payload.isNull());
+    }
+
+    // A refused header is all a reader takes of a piece.
+    for (const vms_test::FrameLimitRow& row : vms_test::frameLimitRows()) {
+        if (!row.failure)
+            continue;
+        FrameReader reader(vms_test::SmallFrameLimit);
+        const QByteArray piece = row.bytes + FrameCodec::encode(40, "next");
+        const char* bytes = piece.constData();
+        qint64 size = piece.size();
+        Frame frame;
+        EXPECT_FALSE(reader.read(bytes, size, frame)) << row.name;
+        EXPECT_FALSE(reader.read(bytes, size, frame)) << row.name;
+        EXPECT_TRUE(reader.failed()) << row.name;
+        EXPECT_EQ(size, piece.size() - 13) << row.name;
+    }
+}

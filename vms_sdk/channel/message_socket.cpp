@@ -71,7 +71,6 @@ MessageSocket::MessageSocket(QObject* parent, MessageSocketTiming timing)
     connect(m_retryCounter, &TimeCount::signalTryAgain, this, &MessageSocket::slotTryConnectAgain);
     connect(m_retryCounter, &TimeCount::signalTryTimeout, this,
             &MessageSocket::slotTryConnectTimeout);
-    connect(this, &MessageSocket::signalMessageComing, this, &MessageSocket::slotHandleMessage);
 }
 
 void MessageSocket::connectToDgw()
@@ -155,16 +154,39 @@ void MessageSocket::slotDisconnected()
 
 void MessageSocket::slotReadyRead()
 {
+    // A receiver that runs an event loop of its own leaves the bytes to the pass under way,
+    // which takes them after its batch, in order.
+    if (m_reading)
+        return;
     // A receiver of a message may close or even delete this channel.
     QPointer<MessageSocket> self(this);
     const SendBatchScope batch;
+    m_reading = true;
     Frame frame;
-    while (self && m_socket->isValid() && m_reader.read(*m_socket, frame)) {
-        Q_EMIT signalMessageComing(MessageType(frame.type), frame.payload);
-        if (self)
-            m_reader.recycle(frame.payload);
+    // What the socket holds is taken in reads of up to a batch and cut into frames in memory:
+    // one read for many small frames, and a large frame costs no batch of its size.
+    constexpr qint64 BatchSize = 16 * 1024;
+    for (qint64 size; self && m_socket->isValid() && m_socket->bytesAvailable() > 0;) {
+        if (m_batch.isEmpty())
+            m_batch.resize(int(BatchSize));
+        size = m_socket->read(m_batch.data(), qMin(BatchSize, m_socket->bytesAvailable()));
+        if (size <= 0)
+            break;
+        const char* bytes = m_batch.constData();
+        while (self && m_socket->isValid() && m_reader.read(bytes, size, frame)) {
+            handleMessage(MessageType(frame.type), frame.payload);
+            if (self)
+                Q_EMIT signalMessageComing(MessageType(frame.type), frame.payload);
+            if (self)
+                m_reader.recycle(frame.payload);
+        }
+        if (!self || m_reader.failed())
+            break;
     }
-    if (self && m_reader.failed()) {
+    if (!self)
+        return;
+    m_reading = false;
+    if (m_reader.failed()) {
         dropConnection(
             QStringLiteral("message socket read bad frame from dgw, %1").arg(m_reader.failure()));
     }
@@ -191,7 +213,8 @@ void MessageSocket::slotError(QLocalSocket::LocalSocketError socketError)
     log::info(QStringLiteral("message socket connect to dgw error: %1").arg(int(socketError)));
 }
 
-void MessageSocket::slotHandleMessage(MessageType msgType, const QByteArray& message)
+// The channel's own handling comes first, before any other receiver of signalMessageComing.
+void MessageSocket::handleMessage(MessageType msgType, const QByteArray& message)
 {
     if (msgType != InitDgwRes) {
         Q_EMIT MessageSignals::instance()->signalMessageComing(msgType, message);

@@ -72,14 +72,16 @@ private Q_SLOTS:
     void slotError(QLocalSocket::LocalSocketError socketError);
     void slotTryConnectAgain();
     void slotTryConnectTimeout();
-    void slotHandleMessage(vms_sdk::MessageType msgType, const QByteArray& message);
 
 private:
     void dropConnection(const QString& why);
+    void handleMessage(vms_sdk::MessageType msgType, const QByteArray& message);
 
     QMap<QString, DevInfo> m_devices;
     QLocalSocket* m_socket;
     FrameReader m_reader;
+    QByteArray m_batch;     // what one pass took off the socket, cut into frames
+    bool m_reading = false; // a pass is under way
     qint64 m_peerUser;
     TimeCount* m_retryCounter;
     QString m_serverName;

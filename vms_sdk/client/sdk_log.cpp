@@ -25,6 +25,8 @@ void protobufLine(google::protobuf::LogLevel level, const char* filename, int li
         info(text);
 }
 
+constexpr std::string_view Tag = "[vms_client_sdk:]    ";
+
 } // namespace
 
 QString tag()
@@ -45,6 +47,20 @@ void error(const QString& text)
 void trace(const QString& text)
 {
     vms_kit::log_trace(text, tag());
+}
+
+void trace(std::initializer_list<std::string_view> pieces)
+{
+    thread_local std::string line;
+    line.assign(Tag);
+    for (std::string_view piece : pieces)
+        line += piece;
+    vms_kit::log_line(vms_kit::LogLevel::Trace, line);
+}
+
+void appendText(std::string& line, const QString& text)
+{
+    vms_kit::appendUtf8(line, text);
 }
 
 void routeProtobufLog()

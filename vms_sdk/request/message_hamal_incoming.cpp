@@ -21,6 +21,8 @@
 
 #include <QHash>
 
+#include <string>
+
 namespace vms_sdk {
 
 using namespace conversion;
@@ -77,7 +79,7 @@ struct IncomingRoutes
                 return;
             }
             emit(answer, response);
-            log::trace(QStringLiteral("dgw response ") + QLatin1String(words));
+            log::trace({"dgw response ", words});
         };
     }
 
@@ -90,12 +92,12 @@ struct IncomingRoutes
             if (!parse(answer, payload))
                 return parseFailed(QStringLiteral("dgw response ") + QLatin1String(words), {});
             emit(answer);
-            log::trace(QStringLiteral("dgw response ") + QLatin1String(words));
+            log::trace({"dgw response ", words});
         };
     }
 
-    // A push. `emit` returns what follows the words in the log line. A quiet push logs
-    // nothing, not even a payload it cannot read.
+    // A push. `emit` returns what follows the words in the log line, in UTF-8. A quiet push
+    // logs nothing, not even a payload it cannot read.
     enum class Logged { Yes, Never };
     template<class Message, class Emit>
     static Handler push(const char* words, Emit emit, Logged logged = Logged::Yes)
@@ -107,9 +109,9 @@ struct IncomingRoutes
                     parseFailed(QStringLiteral("dgw push ") + QLatin1String(words), {});
                 return;
             }
-            const QString detail = emit(hamal, push);
+            const std::string detail = emit(hamal, push);
             if (logged == Logged::Yes)
-                log::trace(QStringLiteral("dgw push ") + QLatin1String(words) + detail);
+                log::trace({"dgw push ", words, detail});
         };
     }
 
@@ -120,7 +122,7 @@ struct IncomingRoutes
         return [=](MessageHamal&, const QByteArray& payload) {
             emit(QString::fromUtf8(payload));
             if (words)
-                log::trace(QStringLiteral("dgw push ") + QString::fromLatin1(words));
+                log::trace({"dgw push ", words});
         };
     }
 
@@ -219,44 +221,51 @@ struct IncomingRoutes
                                    "searched devices",
                                    [](MessageHamal&, const auto& p) {
                                        Q_EMIT out()->signalSearchedDevsPush(fromWire(p));
-                                       return QString();
+                                       return std::string();
                                    })},
             {BroadcastSearchedDevsPush, push<vms_sdk_proto::SearchedDevsPush>(
                                             "broadcast searched devices",
                                             [](MessageHamal&, const auto& p) {
                                                 Q_EMIT out()->signalBroadcastSearchedDevsPush(
                                                     fromWire(p));
-                                                return QString();
+                                                return std::string();
                                             })},
             {DevStatusPush, push<vms_sdk_proto::DevStatusPush>(
                                 "device status",
                                 [](MessageHamal&, const auto& p) {
                                     const QString devId = text(p.dev_id());
                                     Q_EMIT out()->signalDevStatusPush(devId, DevStatus(p.status()));
-                                    return QString(QLatin1Char(':') + devId + QLatin1Char(' ') +
-                                                   QString::number(p.status()));
+                                    // The id as the signal carries it: a byte that is not UTF-8
+                                    // is logged as the replacement character.
+                                    std::string detail(1, ':');
+                                    log::appendText(detail, devId);
+                                    detail += ' ';
+                                    detail += std::to_string(p.status());
+                                    return detail;
                                 })},
             {DevP2PSuccessPush,
              textPush(nullptr,
                       [](const QString& devId) { Q_EMIT out()->signalDevP2PSuccessPush(devId); })},
-            {DevInfoPush, push<vms_sdk_proto::DevInfoFromDgw>(
-                              "device information",
-                              [](MessageHamal&, const auto& p) {
-                                  Q_EMIT out()->signalDevInfoPush(fromWire(p));
-                                  return QString(QLatin1Char(':') + text(p.id()));
-                              })},
+            {DevInfoPush,
+             push<vms_sdk_proto::DevInfoFromDgw>("device information",
+                                                 [](MessageHamal&, const auto& p) {
+                                                     Q_EMIT out()->signalDevInfoPush(fromWire(p));
+                                                     std::string detail(1, ':');
+                                                     log::appendText(detail, text(p.id()));
+                                                     return detail;
+                                                 })},
             {DevTempUserCodePush, push<vms_sdk_proto::DevTempUserCodePush>(
                                       "device temp user code",
                                       [](MessageHamal&, const auto& p) {
                                           Q_EMIT out()->signalDevTempUserCodePush(fromWire(p));
-                                          return QString();
+                                          return std::string();
                                       })},
             {DevChannelsInfoPush,
              push<vms_sdk_proto::DevChannelsInfoPush>("channels information",
                                                       [](MessageHamal&, const auto& p) {
                                                           Q_EMIT out()->signalDevChannelsInfoPush(
                                                               text(p.dev_id()), fromWire(p));
-                                                          return QString();
+                                                          return std::string();
                                                       })},
             {FaceDetectLivePush,
              push<vms_sdk_proto::FaceDetectLiveInfo>(
@@ -266,14 +275,14 @@ struct IncomingRoutes
                      const FaceDetectRecordInfo record = fromWire(p.record());
                      Q_EMIT out()->signalFaceDetectPush(channel, record);
                      hamal.m_alarmWorker->handleFaceDetectAlarm(channel, record);
-                     return QString();
+                     return std::string();
                  })},
             {FaceCountPush,
              push<vms_sdk_proto::FaceCountInfo>("face temperature count information",
                                                 [](MessageHamal&, const auto& p) {
                                                     Q_EMIT out()->signalFaceTemperatureCountPush(
                                                         channelPair(p.channel_id()), fromWire(p));
-                                                    return QString();
+                                                    return std::string();
                                                 })},
             {CommonAlarmPush,
              [](MessageHamal& hamal, const QByteArray& payload) {
@@ -284,7 +293,7 @@ struct IncomingRoutes
                               [](MessageHamal&, const auto& p) {
                                   Q_EMIT out()->signalTlvDataPush(text(p.dev_id()),
                                                                   bytes(p.tlv_data()));
-                                  return QString();
+                                  return std::string();
                               },
                               Logged::Never)},
             {GetRtspUrlRes, response<vms_sdk_proto::GetRtspUrlRes>(
@@ -437,7 +446,7 @@ struct IncomingRoutes
                                                     Q_EMIT out()->signalTalkEventPush(
                                                         channelPair(p.channel_id()),
                                                         TalkEvent(p.event()));
-                                                    return QString();
+                                                    return std::string();
                                                 })},
             {SpeakEventPush, push<vms_sdk_proto::TalkEventPush>("speak event",
                                                                 [](MessageHamal&, const auto& p) {
@@ -446,7 +455,7 @@ struct IncomingRoutes
                                                                             channelPair(
                                                                                 p.channel_id()),
                                                                             TalkEvent(p.event()));
-                                                                    return QString();
+                                                                    return std::string();
                                                                 })},
             {CommonRes, commonResponse()},
             {FileTransferProgressPush,
@@ -455,7 +464,7 @@ struct IncomingRoutes
                                                            Q_EMIT out()
                                                                ->signalPushFileTransferProgress(
                                                                    fromWire(p));
-                                                           return QString();
+                                                           return std::string();
                                                        })},
         };
         return routes;
