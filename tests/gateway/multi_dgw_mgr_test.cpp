@@ -10,6 +10,7 @@
 
 #include "vms_message.pb.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QRegularExpression>
 #include <QSignalSpy>
@@ -191,6 +192,28 @@ TEST_F(MultiDgwMgrTest, ASecondPrepareWithEnoughGatewaysSucceedsAtOnce)
     // Short of gateways, the whole count is started again on top of those that run.
     prepare(300);
     EXPECT_EQ(manager->gateways().size(), 5);
+}
+
+// The poll is only the fallback: the last gateway to turn ready reports success itself, so a
+// start-up does not wait out a tick after the gateways are ready.
+TEST_F(MultiDgwMgrTest, SuccessFollowsTheLastReadyGatewayWithoutWaitingForThePoll)
+{
+    makeManager({.readinessPoll = 60 * 60 * 1000, .channel = fastTiming.channel});
+    QSignalSpy success(ClientSignals::instance(), &ClientSignals::signalPrepareStartDgwSuccess);
+    int readyAtSuccess = -1;
+    QObject context;
+    QObject::connect(ClientSignals::instance(), &ClientSignals::signalPrepareStartDgwSuccess,
+                     &context, [&] {
+                         readyAtSuccess = 0;
+                         for (const MessageSocket* gateway : manager->gateways())
+                             readyAtSuccess += gateway->isReady() ? 1 : 0;
+                     });
+    prepare_start_dgw_req(condition, QStringLiteral("vms_dgw_sim"), 250);
+    ASSERT_TRUE(vms_test::waitFor([&] { return success.count() == 1; }, 10000));
+    EXPECT_EQ(readyAtSuccess, 3);
+    // Once only, although every gateway's turn to ready passed through the check.
+    QCoreApplication::processEvents();
+    EXPECT_EQ(success.count(), 1);
 }
 
 TEST_F(MultiDgwMgrTest, SetSpreadsAHundredDevicesPerGatewaySentInIdOrder)

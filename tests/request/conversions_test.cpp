@@ -269,3 +269,46 @@ TEST(WireFields, StreamTimesAndChannelPairs)
 }
 
 } // namespace
+
+namespace {
+
+// Texts both ways against their UTF-8 bytes written out by hand: the ASCII shortcut and the
+// general codec must agree, including where one text mixes both.
+TEST(WireFields, TextsAndTheirUtf8)
+{
+    const std::pair<QString, std::string> cases[] = {
+        {QString(), ""},
+        {QStringLiteral("r12345"), "r12345"},
+        {QStringLiteral("a somewhat longer id that no small buffer holds"),
+         "a somewhat longer id that no small buffer holds"},
+        {QString::fromUtf8("S\xc3\xbc"
+                           "d"),
+         "S\xc3\xbc"
+         "d"},
+        {QString::fromUtf8("cam-\xe6\x91\x84"), "cam-\xe6\x91\x84"},
+        {QString::fromUtf8("\xf0\x9f\x93\xb7"), "\xf0\x9f\x93\xb7"},
+        {QStringLiteral("\x7f"), "\x7f"},
+        {QString(QChar(0x80)), "\xc2\x80"},
+    };
+    for (const auto& [record, wire] : cases) {
+        EXPECT_EQ(utf8(record), wire) << wire;
+        EXPECT_EQ(text(wire), record) << wire;
+        EXPECT_FALSE(text(wire).isNull()) << wire;
+    }
+}
+
+// A payload never travels as the null one (that is the hello's): an empty message is an
+// empty payload.
+TEST(WireFields, SerializedPayloads)
+{
+    vms_sdk_proto::DevNetGetReq request;
+    EXPECT_FALSE(serialized(request).isNull());
+    EXPECT_TRUE(serialized(request).isEmpty());
+
+    request.set_request_id("r1");
+    request.set_dev_id("cam-1");
+    EXPECT_EQ(serialized(request), QByteArray("\x0a\x02r1\x12\x05"
+                                              "cam-1"));
+}
+
+} // namespace

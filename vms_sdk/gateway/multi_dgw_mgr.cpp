@@ -16,6 +16,7 @@
 #include <QUuid>
 
 #include <cmath>
+#include <utility>
 
 namespace vms_sdk {
 using conversion::serialized;
@@ -102,16 +103,27 @@ void MultiDgwMgr::slotPrepareStartDgw(const InitDgwCondition& condition, const Q
 void MultiDgwMgr::watchReadiness()
 {
     auto* poll = new QTimer(this);
-    connect(poll, &QTimer::timeout, this, [this, poll] {
-        for (const MessageSocket* gateway : std::as_const(m_gateways)) {
-            if (!gateway->isReady())
-                return;
-        }
-        poll->deleteLater();
-        poll->stop();
-        Q_EMIT ClientSignals::instance()->signalPrepareStartDgwSuccess();
-    });
+    m_readinessPolls.append(poll);
+    connect(poll, &QTimer::timeout, this, &MultiDgwMgr::reportReadiness);
     poll->start(m_timing.readinessPoll);
+}
+
+// Runs on every tick of a poll and as soon as a gateway turns ready: the tick remains the
+// guarantee, the ready signal only spares the application the wait for the next tick.
+void MultiDgwMgr::reportReadiness()
+{
+    if (m_readinessPolls.isEmpty())
+        return;
+    for (const MessageSocket* gateway : std::as_const(m_gateways)) {
+        if (!gateway->isReady())
+            return;
+    }
+    const QList<QTimer*> polls = std::exchange(m_readinessPolls, {});
+    for (QTimer* poll : polls) {
+        poll->stop();
+        poll->deleteLater();
+        Q_EMIT ClientSignals::instance()->signalPrepareStartDgwSuccess();
+    }
 }
 
 MessageSocket* MultiDgwMgr::startGateway()
@@ -182,6 +194,7 @@ void MultiDgwMgr::onGatewayReady(MessageSocket* gateway)
     sendDeviceSet(gateway);
     if (!m_token.isEmpty())
         gateway->sendMessage(SetSaasTokenCmd, m_token.toUtf8());
+    reportReadiness();
 }
 
 void MultiDgwMgr::onGatewayLost(MessageSocket* gateway)

@@ -14,6 +14,8 @@
 
 #include <functional>
 
+class QTimer;
+
 namespace vms_sdk {
 
 struct MultiDgwMgrTiming
@@ -72,6 +74,7 @@ private:
     MessageSocket* startGateway();
     bool startProcess(const MessageSocket* gateway);
     void watchReadiness();
+    void reportReadiness();
     void onConnectStatus(MessageSocket* gateway, vms_sdk::ConnStatus status);
     void onGatewayReady(MessageSocket* gateway);
     void onGatewayLost(MessageSocket* gateway);
@@ -89,6 +92,8 @@ private:
     QString m_dgwPath;
     InitDgwCondition m_condition;
     QString m_token;
+    // The readiness polls still waiting for every gateway; each reports success once.
+    QList<QTimer*> m_readinessPolls;
 };
 
 } // namespace vms_sdk

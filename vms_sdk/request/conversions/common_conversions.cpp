@@ -2,7 +2,55 @@
 // SPDX-FileCopyrightText: the vms_client_sdk developers
 #include "vms_sdk/request/conversions/common_conversions.h"
 
+#include <cstdint>
+
 namespace vms_sdk::conversion {
+
+namespace {
+
+bool isAscii(const char* bytes, std::size_t size)
+{
+    for (std::size_t i = 0; i < size; ++i) {
+        if (static_cast<unsigned char>(bytes[i]) >= 0x80)
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+QString text(const std::string& utf8)
+{
+    // ASCII is Latin-1 as well, and Latin-1 widens without decoding; an empty text costs no
+    // allocation that way either.
+    if (isAscii(utf8.data(), utf8.size()))
+        return QString::fromLatin1(utf8.data(), int(utf8.size()));
+    return QString::fromUtf8(utf8.data(), int(utf8.size()));
+}
+
+std::string utf8(const QString& text)
+{
+    const auto size = std::size_t(text.size());
+    const QChar* characters = text.constData();
+    std::string narrow(size, '\0');
+    for (std::size_t i = 0; i < size; ++i) {
+        const char16_t unit = characters[i].unicode();
+        if (unit >= 0x80)
+            return text.toStdString();
+        narrow[i] = char(unit);
+    }
+    return narrow;
+}
+
+QByteArray serialized(const google::protobuf::MessageLite& message)
+{
+    const std::size_t size = message.ByteSizeLong();
+    if (size == 0)
+        return QByteArray("", 0);
+    QByteArray payload(int(size), Qt::Uninitialized);
+    message.SerializeWithCachedSizesToArray(reinterpret_cast<std::uint8_t*>(payload.data()));
+    return payload;
+}
 
 QStringList texts(const google::protobuf::RepeatedPtrField<std::string>& utf8)
 {

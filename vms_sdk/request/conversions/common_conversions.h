@@ -27,15 +27,10 @@
 
 namespace vms_sdk::conversion {
 
-inline QString text(const std::string& utf8)
-{
-    return QString::fromStdString(utf8);
-}
-
-inline std::string utf8(const QString& text)
-{
-    return text.toStdString();
-}
+// Most texts on the wire (ids, addresses, names of methods) are plain ASCII; both directions
+// take a shortcut for them that skips the general UTF-8 codec and its extra buffer.
+QString text(const std::string& utf8);
+std::string utf8(const QString& text);
 
 inline QByteArray bytes(const std::string& wire)
 {
@@ -47,11 +42,9 @@ inline std::string wireBytes(const QByteArray& bytes)
     return std::string(bytes.constData(), std::size_t(bytes.size()));
 }
 
-// A wire message as the payload of a frame.
-inline QByteArray serialized(const google::protobuf::MessageLite& message)
-{
-    return QByteArray::fromStdString(message.SerializeAsString());
-}
+// A wire message as the payload of a frame, written straight into the payload's own buffer.
+// Never null: an empty message is an empty payload, not a missing one.
+QByteArray serialized(const google::protobuf::MessageLite& message);
 
 QStringList texts(const google::protobuf::RepeatedPtrField<std::string>& utf8);
 void fillTexts(const QStringList& texts, google::protobuf::RepeatedPtrField<std::string>* utf8);
