@@ -11,10 +11,6 @@
 
 #include "vms_sdk/client/message_signals.h"
 
-#include <QFile>
-#include <QPointer>
-#include <QRegularExpression>
-#include <QSet>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
@@ -52,7 +48,6 @@ struct EndingRow
     RequestEnd expectedEnd;
     QVariantList expectedArguments;
     int expectedErrorCode = 0;
-    QVariant expectedValue{};
 };
 
 const DevNetInfo NetInfo{.ip = QStringLiteral("10.0.0.7")};
@@ -76,14 +71,6 @@ QList<EndingRow> endingRows()
          [presets] { return send<&get_presets_req>(presets); },
          [](const QString& id) { Q_EMIT out()->signalCommonRequestFailed(id, -61005); },
          RequestFailed, {}, -61005},
-        {"time-out with the request value",
-         [presets] { return send<&get_presets_req>(presets); },
-         [](const QString& id) { Q_EMIT out()->signalRequestTimeout(id, QVariant(42)); },
-         RequestTimedOut, {}, 0, QVariant(42)},
-        {"request answered by the failure signal",
-         [] { return send<&get_dev_sys_cfg_req>(Id, QStringLiteral("cam-1")); },
-         [](const QString& id) { Q_EMIT out()->signalCommonRequestFailed(id, -61001); },
-         RequestFailed, {}, -61001},
         {"transfer: running pushes do not end it, the last one does",
          [] { return send<&upload_file_req>(UploadFileCondition{.requestId = Id}); },
          [](const QString& id) {
@@ -92,14 +79,6 @@ QList<EndingRow> endingRows()
          },
          RequestAnswered,
          {QVariant::fromValue(FileTransferProgress{.requestId = Id, .progress = 100, .status = 1})}},
-        {"gateway start: the next success",
-         [] { return send<&prepare_start_dgw_req>(InitDgwCondition{}, QStringLiteral("/no/gateway"), 1); },
-         [](const QString&) { Q_EMIT out()->signalPrepareStartDgwSuccess(); },
-         RequestAnswered, {}},
-        {"request nothing answers",
-         [] { return send<&disconnect_stream_req>(StreamId(5)); },
-         [](const QString&) {},
-         RequestAnswered, {}},
     };
     // clang-format on
 }
@@ -143,7 +122,6 @@ TEST(PendingRequest, EachEndingFinishesTheRequestOnceWithItsOutcomeThenDeletesIt
         EXPECT_EQ(outcome.end, row.expectedEnd);
         EXPECT_EQ(outcome.arguments, row.expectedArguments);
         EXPECT_EQ(outcome.errorCode, row.expectedErrorCode);
-        EXPECT_EQ(outcome.requestValue, row.expectedValue);
     }
 }
 
@@ -193,32 +171,6 @@ TEST(PendingRequest, ARequestRefusedWhileItIsSentStillReachesTheCallersConnectio
     QSignalSpy finished(pending, &PendingRequest::finished);
     ASSERT_TRUE(finished.wait(2000));
     EXPECT_EQ(finished.first().first().value<RequestOutcome>().end, RequestFailed);
-}
-
-TEST(PendingRequest, ReleaseFinishesEveryOutstandingRequestOnce)
-{
-    QList<PendingRequest*> pending = {
-        send<&get_dev_net_req>(DeviceCondition{}),
-        send<&get_dev_net_req>(DeviceCondition{}),
-        send<&prepare_start_dgw_req>(InitDgwCondition{}, QString(), 1),
-    };
-    std::vector<std::unique_ptr<QSignalSpy>> spies;
-    for (PendingRequest* request : pending)
-        spies.push_back(std::make_unique<QSignalSpy>(request, &PendingRequest::finished));
-    // Both requests got ids of their own, unlike anything an application would choose.
-    EXPECT_NE(pending[0]->requestId(), pending[1]->requestId());
-    EXPECT_TRUE(pending[0]->requestId().startsWith(QStringLiteral("vms-")));
-    const QString firstId = pending[0]->requestId();
-
-    release_vms_client_sdk();
-    Q_EMIT out()->signalGetDevNetRes(Response{.requestId = firstId}, {});
-    ASSERT_TRUE(vms_test::waitFor([&] {
-        return std::all_of(spies.begin(), spies.end(), [](const auto& s) { return !s->isEmpty(); });
-    }));
-    for (const auto& spy : spies) {
-        ASSERT_EQ(spy->count(), 1);
-        EXPECT_EQ(spy->first().first().value<RequestOutcome>().end, RequestReleased);
-    }
 }
 
 // send_request by name: what reaches the hub, against literal records.
@@ -307,6 +259,9 @@ TEST(SendRequest, GeneratesTheRequestIdWhenNoneIsGiven)
     const auto condition = hub.arguments().value(0).value<DeviceCondition>();
     EXPECT_TRUE(condition.requestId.startsWith(QStringLiteral("vms-")));
     EXPECT_EQ(pending->requestId(), condition.requestId);
+    // Each request gets an id of its own.
+    EXPECT_NE(send_request(QStringLiteral("get_dev_net_req"), {})->requestId(),
+              condition.requestId);
 }
 
 TEST(SendRequest, RefusesUnknownNamesAndValuesThatDoNotConvertWithoutSendingAnything)
@@ -345,25 +300,4 @@ TEST(SendRequest, RefusesUnknownNamesAndValuesThatDoNotConvertWithoutSendingAnyt
             EXPECT_TRUE(error.contains(part)) << error.toStdString();
     }
     EXPECT_EQ(presets.count() + logs.count() + ptz.count(), 0);
-}
-
-TEST(RequestCatalogue, HoldsEveryRequestFunctionOfThePublicHeaderOnce)
-{
-    QFile header(QStringLiteral(VMS_PUBLIC_HEADER));
-    ASSERT_TRUE(header.open(QIODevice::ReadOnly));
-    QSet<QString> declared;
-    const QRegularExpression function(QStringLiteral(R"(\b(\w+_req)\()"));
-    for (auto matches = function.globalMatch(QString::fromUtf8(header.readAll()));
-         matches.hasNext();)
-        declared.insert(matches.next().captured(1));
-
-    QStringList catalogued;
-    for (const RequestEntry& entry : request_catalogue())
-        catalogued.append(entry.name);
-    EXPECT_EQ(QSet<QString>(catalogued.begin(), catalogued.end()), declared);
-    EXPECT_EQ(catalogued.size(), declared.size());
-    EXPECT_EQ(find_request(QStringLiteral("get_presets_req"))->parameters,
-              (QList<RequestParameter>{{"requestId", QMetaType::QString},
-                                       {"channelId", qMetaTypeId<ChannelId>()}}));
-    EXPECT_EQ(find_request(QStringLiteral("set_devs_time_cmd")), nullptr);
 }

@@ -258,17 +258,12 @@ TEST_F(Devices, ChannelQueriesNameTheDeviceInPlainText)
 }
 
 // The kinds whose config differs most from the message: a list of devices, a push made from
-// a device, base64 bytes, nested channel ids and attachment lists.
+// a device, and base64 bytes, nested channel ids and attachment lists in an alarm.
 TEST_F(Devices, PushesAreBuiltFromTheirConfigEntries)
 {
     SimProcess& sim = startSim(withKeys(network, R"(, "pushes": [
         {"type": "searchedDevs", "devIds": ["nvr-1"]},
         {"type": "devInfo", "devId": "cam-1"},
-        {"type": "faceDetect", "channelId": {"devId": "cam-1", "channelIndex": 1},
-         "record": {"serialNum": "P-17", "name": "Ann", "company": "Acme", "department": "R&D",
-                    "position": "Lead", "detectTime": "2024-03-01 08:00:00", "attr7": 93,
-                    "attr8": 1, "attr9": 37.9, "attr10": 2, "attr11": 1, "attr12": "AAEC",
-                    "attr13": "aGk="}},
         {"type": "alarm", "alarmId": "A-1", "channelId": {"devId": "nvr-1", "channelIndex": 2},
          "triggerChannelId": {"devId": "nvr-1", "channelIndex": 1}, "triggerName": "Door",
          "alarmTime": "2024-03-01 08:00:01", "attachments": ["AQI=", "Aw=="],
@@ -283,24 +278,6 @@ TEST_F(Devices, PushesAreBuiltFromTheirConfigEntries)
     EXPECT_EQ(info.attr_5(), 8001u); // port
     ASSERT_EQ(info.ability_details().size(), 1u);
     EXPECT_EQ(info.ability_details().at(4).name(), "Face detection");
-
-    vms_sdk_proto::FaceDetectLiveInfo face;
-    *face.mutable_channel_id() = channelOf("cam-1", 1);
-    vms_sdk_proto::FaceDetectRecordInfo* record = face.mutable_record();
-    record->set_serial_num("P-17");
-    record->set_name("Ann");
-    record->set_company("Acme");
-    record->set_department("R&D");
-    record->set_position("Lead");
-    record->set_detect_time("2024-03-01 08:00:00");
-    record->set_attr_7(93);
-    record->set_attr_8(1);
-    record->set_attr_9(37.9);
-    record->set_attr_10(2);
-    record->set_attr_11(1);
-    record->set_attr_12(std::string("\0\1\2", 3));
-    record->set_attr_13("hi");
-    EXPECT_EQ(sim.takePayload(FaceDetectLivePush), bytesOf(face));
 
     vms_sdk_proto::AlarmInfo alarm;
     alarm.set_alarm_id("A-1");

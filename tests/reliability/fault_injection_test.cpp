@@ -38,8 +38,6 @@ constexpr int Scale = 10;
 constexpr int Scale = 1;
 #endif
 constexpr int FloodPushes = 100000 / Scale;
-constexpr int LoadRequests = 10000 / Scale;
-constexpr int LoadDevices = 3200; // 32 gateways at 100 devices each, in every build
 
 // A line of /proc/self/status in KiB ("VmRSS", "VmHWM"); -1 where there is none.
 qint64 statusKb(const char* key)
@@ -56,14 +54,6 @@ qint64 statusKb(const char* key)
 #endif
     Q_UNUSED(key)
     return -1;
-}
-
-QList<DevInfo> numberedDevices(int count)
-{
-    QList<DevInfo> devs;
-    for (int i = 0; i < count; ++i)
-        devs.append(DevInfo{.id = QStringLiteral("dev-%1").arg(i, 4, 10, QLatin1Char('0'))});
-    return devs;
 }
 
 const QList<DevInfo> simulatedDevices{DevInfo{.id = QStringLiteral("cam-1")},
@@ -247,22 +237,6 @@ TEST_F(FaultInjectionTest, AFloodOfPushesArrivesWholeInBoundedMemory)
     // Nothing is kept per push: what grows is the sockets' buffers and the log's queue.
     EXPECT_LT(rssAfter - rssBefore, 64 * 1024);
 #endif
-}
-
-TEST_F(FaultInjectionTest, TenThousandRequestsOverThirtyTwoGatewaysEachEndOnce)
-{
-    const QList<DevInfo> devs = numberedDevices(LoadDevices);
-    start(R"({"idleExitMs": 10000})", devs, 30000);
-    ASSERT_EQ(pids.size(), 32);
-    Endings endings;
-    const QStringList ids = requestNets(QStringLiteral("load-"), LoadRequests, devs);
-    ASSERT_TRUE(vms_test::waitFor([&] { return endings.ended() == ids.size(); }, 60000))
-        << endings.ended();
-    waitForLastRequest(endings);
-    EXPECT_EQ(endings.notOnce(ids), QStringList());
-    EXPECT_EQ(endings.timeouts(), 0);
-    std::cout << "load: " << ids.size() << " requests over " << pids.size() << " gateways and "
-              << devs.size() << " devices, each ended once\n";
 }
 
 TEST_F(FaultInjectionTest, StreamsCutMidFrameEndOnceWithOnlyWholeFrames)
