@@ -44,7 +44,7 @@ int main(int argc, char** argv)
     int result = 1;
     bool finished = false;
     auto finish = [&](int code) {
-        // Gateways that exit on release drop their connections, which reports them abnormal.
+        // Called once: the first answer, failure or time-out decides the exit code.
         if (finished)
             return;
         finished = true;
