@@ -405,6 +405,22 @@ bool runChildren(const QString& mode, int runs, const QStringList& extra, Table&
     return true;
 }
 
+qint64 takeNumberArgument(int& argc, char** argv, const char* name, qint64 fallback)
+{
+    const QByteArray prefix = QByteArray("--") + name + '=';
+    qint64 value = fallback;
+    int kept = 1;
+    for (int i = 1; i < argc; ++i) {
+        const QByteArray argument(argv[i]);
+        if (argument.startsWith(prefix))
+            value = argument.mid(prefix.size()).toLongLong();
+        else
+            argv[kept++] = argv[i];
+    }
+    argc = kept;
+    return value;
+}
+
 Options Options::parse(int argc, char** argv)
 {
     Options options;

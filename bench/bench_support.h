@@ -177,6 +177,10 @@ struct Options
     QStringList forwarded() const;
 };
 
+// Takes `--<name>=N` out of the arguments, so that Google Benchmark does not refuse it, and
+// returns N (`fallback` when the argument is not there).
+qint64 takeNumberArgument(int& argc, char** argv, const char* name, qint64 fallback);
+
 // Keeps the library's log and the simulators' files in a temporary folder, not in the home.
 class Sandbox
 {

@@ -19,6 +19,8 @@
 // zeroed when the measurement starts), so the instructions per item can be read from the dump
 // named after the benchmark:
 //   valgrind --tool=callgrind --dump-instr=no build-rel/bench/vms_bench_paths
+#include "bench_support.h"
+
 #include <vms_sdk/client_signals.h>
 #include <vms_sdk/vms_client_sdk.h>
 
@@ -366,12 +368,9 @@ BENCHMARK(rawPushes)->Unit(benchmark::kMillisecond)->UseRealTime();
 int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
-    // --vms_bench_items=N: items counted per iteration (a smoke run takes a few).
-    for (int i = 1; i < argc; ++i) {
-        const QByteArray arg(argv[i]);
-        if (arg.startsWith("--vms_bench_items="))
-            itemsPerIteration = qMax(1, arg.mid(18).toInt());
-    }
+    // Items counted per iteration (a smoke run takes a few).
+    itemsPerIteration = qMax(
+        1, int(vms_bench::takeNumberArgument(argc, argv, "vms_bench_items", itemsPerIteration)));
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

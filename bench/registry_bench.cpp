@@ -10,6 +10,8 @@
 //   LogLine/<level>      CPU per line written through the library's log, next to a plain
 //                        logger that flushes every line (how the log used to write).
 // Every figure is the CPU of this one thread; --vms_bench_timeouts caps the largest n.
+#include "bench_support.h"
+
 #include <vms_sdk/client_signals.h>
 
 #include "vms_kit/vms_kit.h"
@@ -26,7 +28,6 @@
 #include <spdlog/sinks/basic_file_sink.h>
 #include <spdlog/spdlog.h>
 
-#include <cstring>
 #include <memory>
 #include <vector>
 
@@ -165,24 +166,12 @@ void LogLineFlushedEach(benchmark::State& state)
 }
 BENCHMARK(LogLineFlushedEach);
 
-void takeOwnArguments(int& argc, char** argv)
-{
-    const char* const prefix = "--vms_bench_timeouts=";
-    int kept = 1;
-    for (int i = 1; i < argc; ++i) {
-        if (std::strncmp(argv[i], prefix, std::strlen(prefix)) == 0)
-            largestTimeoutBatch = std::atoi(argv[i] + std::strlen(prefix));
-        else
-            argv[kept++] = argv[i];
-    }
-    argc = kept;
-}
-
 } // namespace
 
 int main(int argc, char** argv)
 {
-    takeOwnArguments(argc, argv);
+    largestTimeoutBatch =
+        int(vms_bench::takeNumberArgument(argc, argv, "vms_bench_timeouts", largestTimeoutBatch));
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;

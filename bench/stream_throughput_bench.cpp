@@ -382,26 +382,13 @@ private:
     bool m_failed = false;
 };
 
-// Takes --vms_bench_bytes=N (bytes read per iteration) out of the arguments.
-void takeOwnArguments(int& argc, char** argv)
-{
-    const QByteArray prefix("--vms_bench_bytes=");
-    int kept = 1;
-    for (int i = 1; i < argc; ++i) {
-        const QByteArray argument(argv[i]);
-        if (argument.startsWith(prefix))
-            bytesPerIteration = qMax<qint64>(1, argument.mid(prefix.size()).toLongLong());
-        else
-            argv[kept++] = argv[i];
-    }
-    argc = kept;
-}
-
 } // namespace
 
 int main(int argc, char** argv)
 {
-    takeOwnArguments(argc, argv);
+    // Bytes read per iteration.
+    bytesPerIteration = qMax<qint64>(
+        1, vms_bench::takeNumberArgument(argc, argv, "vms_bench_bytes", bytesPerIteration));
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;
