@@ -11,6 +11,8 @@ packages=(
   libprotobuf-dev protobuf-compiler
   libspdlog-dev libfmt-dev
   libgtest-dev libgmock-dev libbenchmark-dev
+  # the reference viewer (examples/viewer) and its test under a virtual X server
+  libavcodec-dev libavutil-dev libswscale-dev xvfb xauth imagemagick
   "$@"
 )
 
