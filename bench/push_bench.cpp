@@ -70,10 +70,12 @@ int pushesRun(int total)
 {
     Sandbox sandbox;
     SimLauncher launcher(sandbox.path());
-    launcher.setConfig(QStringLiteral(R"({"messageLog": false, "idleExitMs": 30000, "pushes": [
+    launcher.setConfig(
+        QStringLiteral(
+            R"({"messageLog": false, "idleExitMs": 30000, "streams": {"video": "synthetic"}, "pushes": [
         {"type": "devStatus", "devId": "cam-1", "status": 0, "flood": true, "count": %1}]})")
-                           .arg(total)
-                           .toUtf8());
+            .arg(total)
+            .toUtf8());
 
     PushCounter raw(total);
     RawClient client;

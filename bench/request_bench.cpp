@@ -30,7 +30,8 @@ namespace {
 using namespace vms_bench;
 
 const QByteArray simConfig =
-    R"({"messageLog": false, "idleExitMs": 30000, "faults": {"ignoreTypes": [23]}})";
+    R"({"messageLog": false, "idleExitMs": 30000, "streams": {"video": "synthetic"},)"
+    R"( "faults": {"ignoreTypes": [23]}})";
 const QString device = QStringLiteral("cam-1");
 
 // Sends request number n; whoever answers calls `answered` with the number.

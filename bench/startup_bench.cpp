@@ -26,7 +26,8 @@ namespace {
 
 using namespace vms_bench;
 
-const QByteArray simConfig = R"({"messageLog": false, "idleExitMs": 30000})";
+const QByteArray simConfig =
+    R"({"messageLog": false, "idleExitMs": 30000, "streams": {"video": "synthetic"}})";
 
 int startupRun(int gateways)
 {
@@ -60,8 +61,9 @@ int memoryRun(int deviceCount, int streamCount)
     Sandbox sandbox;
     SimLauncher launcher(sandbox.path());
     // Slow small frames: a stream costs what it keeps, not what passes through it.
-    launcher.setConfig(R"({"messageLog": false, "idleExitMs": 30000,)"
-                       R"( "streams": {"frameRate": 5, "frameBytes": 1024}})");
+    launcher.setConfig(
+        R"({"messageLog": false, "idleExitMs": 30000,)"
+        R"( "streams": {"video": "synthetic", "frameRate": 5, "frameBytes": 1024}})");
     Library library(launcher);
     if (!library.start(1, devices({QStringLiteral("cam-1")}), 1))
         return 1;

@@ -108,8 +108,9 @@ public:
         , m_library(m_launcher)
     {
         m_launcher.setConfig([](int index) {
-            return QStringLiteral(R"({"idleExitMs": 5000, "unknownDevices": "offline",)"
-                                  R"( "streams": {"frameRate": 0, "frameBytes": %1}})")
+            return QStringLiteral(
+                       R"({"idleExitMs": 5000, "unknownDevices": "offline",)"
+                       R"( "streams": {"video": "synthetic", "frameRate": 0, "frameBytes": %1}})")
                 .arg(FrameSizes[size_t(qMin(index, int(FrameSizes.size()) - 1))])
                 .toUtf8();
         });

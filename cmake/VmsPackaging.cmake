@@ -61,7 +61,8 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION libdevel)
-# The run-time libraries come from what the binaries link; the headers need Qt's.
+# The run-time libraries come from what the binaries link (libavcodec for the simulator's
+# video among them); the headers need Qt's.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qtbase5-dev (>= 5.15)")
 include(CPack)

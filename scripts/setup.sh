@@ -10,6 +10,7 @@ packages=(
   qtbase5-dev libqt5network5
   libprotobuf-dev protobuf-compiler
   libspdlog-dev libfmt-dev
+  libavcodec-dev libavutil-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   # the reference viewer (examples/viewer) and its test under a virtual X server
   libavcodec-dev libavutil-dev libswscale-dev xvfb xauth imagemagick

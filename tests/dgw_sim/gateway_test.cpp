@@ -150,6 +150,11 @@ TEST_F(Gateway, RejectsBadConfigFilesSayingWhatIsWrong)
          "devices[0].channels[0].patrols[0].stops[0].preset: 4 is not a preset of the channel"},
         {"recordings of no length", R"({"devices": [{"id": "a", "recordingMinutes": 0}]})",
          "devices[0].recordingMinutes: 0 is outside 1..1440"},
+        {"unknown video", R"({"streams": {"video": "mjpeg"}})",
+         "streams.video: unknown video \"mjpeg\" (known: h264, synthetic)"},
+        {"odd picture height", R"({"streams": {"height": 241}})", "streams.height: must be even"},
+        {"picture too narrow", R"({"streams": {"width": 32}})",
+         "streams.width: 32 is outside 64..3840"},
     };
     for (const Row& row : rows) {
         SimProcess sim(row.config);

@@ -244,9 +244,10 @@ TEST_F(FaultInjectionTest, StreamsCutMidFrameEndOnceWithOnlyWholeFrames)
     // Frames larger than a socket buffer, so the cut falls inside a frame being read.
     constexpr int frameBytes = 300000;
     constexpr int streams = 12;
-    start(R"({"idleExitMs": 10000, "streams": {"frameRate": 100, "frameBytes": 300000},)"
-          R"( "faults": {"streamCutAfterFrames": 3}})",
-          simulatedDevices);
+    start(
+        R"({"idleExitMs": 10000, "streams": {"video": "synthetic", "frameRate": 100, "frameBytes": 300000},)"
+        R"( "faults": {"streamCutAfterFrames": 3}})",
+        simulatedDevices);
     QHash<StreamId, QList<int>> frames;
     QHash<StreamId, QList<int>> events;
     QObject context;

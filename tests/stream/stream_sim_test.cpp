@@ -190,7 +190,7 @@ protected:
 TEST_F(StreamSimTest, LiveFramesOfACameraArriveInOrderAndWhole)
 {
     // A camera's cadence, faster: one key frame every ten frames.
-    startWithCameras(R"({"frameRate": 200, "keyFrameIntervalMs": 50})");
+    startWithCameras(R"({"video": "synthetic", "frameRate": 200, "keyFrameIntervalMs": 50})");
     const StreamId id = connect_live_video_req({.channelId = cam1});
     ASSERT_TRUE(recorder->waitFor(id, Item::Data, 30));
     const QList<MediaFrame> frames = recorder->frames(id);
@@ -204,7 +204,8 @@ TEST_F(StreamSimTest, LiveFramesOfACameraArriveInOrderAndWhole)
 TEST_F(StreamSimTest, PlaybackByFileFollowsPauseSpeedAndSkip)
 {
     // 5 ms of media per frame; progress only at the start, on control and at the end.
-    startWithCameras(R"({"frameRate": 200, "playbackMs": 4000, "progressMs": 1000000})");
+    startWithCameras(
+        R"({"video": "synthetic", "frameRate": 200, "playbackMs": 4000, "progressMs": 1000000})");
     const StreamId id = playback_by_file_req({.channelId = cam1, .fileName = "ch01_a.mp4"});
     StreamRecorder& r = *recorder;
     ASSERT_TRUE(r.waitFor(id, Item::Progress, 1));
@@ -251,7 +252,8 @@ TEST_F(StreamSimTest, PlaybackByFileFollowsPauseSpeedAndSkip)
 
 TEST_F(StreamSimTest, PlaybackByTimeSkipsToATimeWithItsMillisecondsAndEnds)
 {
-    startWithCameras(R"({"frameRate": 200, "playbackMs": 2000, "progressMs": 1000000})");
+    startWithCameras(
+        R"({"video": "synthetic", "frameRate": 200, "playbackMs": 2000, "progressMs": 1000000})");
     const QDateTime from(QDate(2024, 5, 6), QTime(12, 0));
     const StreamId id = playback_by_time_req({.channelId = cam1, .startTime = from});
     StreamRecorder& r = *recorder;
@@ -271,7 +273,7 @@ TEST_F(StreamSimTest, PlaybackByTimeSkipsToATimeWithItsMillisecondsAndEnds)
 TEST_F(StreamSimTest, BrokenStreamsEndWithTheirEvent)
 {
     // A stream cut mid-frame is in the fault injection tests.
-    startWithCameras(R"({"frameRate": 200})");
+    startWithCameras(R"({"video": "synthetic", "frameRate": 200})");
     struct Row
     {
         QString devId;
@@ -293,7 +295,8 @@ TEST_F(StreamSimTest, BrokenStreamsEndWithTheirEvent)
 
 TEST_F(StreamSimTest, AStalledStreamEndsWhenItsGatewayDies)
 {
-    startWithCameras(R"({"frameRate": 200})", R"({"streamStallAfterFrames": 5})");
+    startWithCameras(R"({"video": "synthetic", "frameRate": 200})",
+                     R"({"streamStallAfterFrames": 5})");
     const StreamId id = connect_live_video_req({.channelId = cam1});
     ASSERT_TRUE(recorder->waitFor(id, Item::Data, 5));
     ASSERT_EQ(pids.size(), 1);
@@ -313,10 +316,11 @@ TEST_F(StreamSimTest, ManyStreamsOverFourGatewaysEachGetTheirOwnFrames)
         devices += (i ? ", " : "") + QStringLiteral(R"({"id": "%1"})").arg(id).toUtf8();
         managed.append(DevInfo{.id = id});
     }
-    start(R"({"idleExitMs": 10000, "streams": {"frameRate": 50, "frameBytes": 2048},
+    start(
+        R"({"idleExitMs": 10000, "streams": {"video": "synthetic", "frameRate": 50, "frameBytes": 2048},
               "devices": [)" +
-              devices + "]}",
-          managed);
+            devices + "]}",
+        managed);
     EXPECT_EQ(MultiDgwMgr::instance()->gateways().size(), 4);
 
     std::map<StreamId, QString> streams;

@@ -413,6 +413,20 @@ MediaConfig readMedia(JsonFields fields)
         int(fields.integer(QStringLiteral("playbackMs"), media.playbackMs, 0, 86400000));
     media.progressMs =
         int(fields.integer(QStringLiteral("progressMs"), media.progressMs, 1, 86400000));
+    const QString video = fields.text(QStringLiteral("video"), QStringLiteral("h264"));
+    if (video == QLatin1String("synthetic"))
+        media.video = MediaConfig::Video::Synthetic;
+    else if (video != QLatin1String("h264"))
+        fields.fail(QStringLiteral("video"),
+                    QStringLiteral("unknown video \"%1\" (known: h264, synthetic)").arg(video));
+    // Room for the camera's name and the time in the smallest picture; the largest is 4K.
+    media.width = int(fields.integer(QStringLiteral("width"), media.width, 64, 3840));
+    media.height = int(fields.integer(QStringLiteral("height"), media.height, 64, 2160));
+    // The chroma planes of a 4:2:0 picture are half the size.
+    if (media.width % 2 != 0)
+        fields.fail(QStringLiteral("width"), QStringLiteral("must be even"));
+    if (media.height % 2 != 0)
+        fields.fail(QStringLiteral("height"), QStringLiteral("must be even"));
     fields.finish();
     return media;
 }

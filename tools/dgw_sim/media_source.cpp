@@ -37,19 +37,32 @@ MediaSource::MediaSource(const MediaConfig& config, quint32 streamNumber, quint3
 
 QByteArray MediaSource::next(qint64 timestampMs)
 {
-    const bool key = m_sequence % quint64(m_framesPerKey) == 0;
-    const int size = key ? m_keyBytes : m_otherBytes;
-    const int body = size - MediaHeader::Size;
+    const bool key = keyDue();
+    const int body = (key ? m_keyBytes : m_otherBytes) - MediaHeader::Size;
+    return frame(timestampMs, key, MediaHeader::Pattern, m_pattern.constData() + m_sequence % 256,
+                 body);
+}
+
+QByteArray MediaSource::next(qint64 timestampMs, bool key, MediaHeader::Codec codec,
+                             const QByteArray& body)
+{
+    return frame(timestampMs, key, codec, body.constData(), int(body.size()));
+}
+
+QByteArray MediaSource::frame(qint64 timestampMs, bool key, MediaHeader::Codec codec,
+                              const char* body, int bodySize)
+{
     std::array<char, MediaHeader::Size> header = m_header;
     qToBigEndian<quint64>(m_sequence, header.data() + 8);
     qToBigEndian<qint64>(timestampMs, header.data() + 16);
-    qToBigEndian<quint32>(quint32(body), header.data() + 24);
+    qToBigEndian<quint32>(quint32(bodySize), header.data() + 24);
     if (key)
         header[36] = char(header[36] | MediaHeader::KeyFrame);
+    header[37] = char(codec);
     QByteArray frame;
-    frame.reserve(size);
+    frame.reserve(MediaHeader::Size + bodySize);
     frame.append(header.data(), MediaHeader::Size);
-    frame.append(m_pattern.constData() + m_sequence % 256, body);
+    frame.append(body, bodySize);
     ++m_sequence;
     return frame;
 }

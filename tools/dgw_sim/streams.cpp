@@ -13,6 +13,7 @@
 
 #include <QLocalServer>
 #include <QLocalSocket>
+#include <QRegularExpression>
 #include <QTimer>
 
 #include <functional>
@@ -28,6 +29,20 @@ constexpr qint32 EventPlaybackFinished = 3;
 enum Ctrl : qint32 { Pause = 0, Resume = 1, StepForward = 2, StepBackward = 3 };
 
 const QString streamTimeFormat = QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz");
+
+// The begin time in a recording's file name (chNN_<begin>_<end>.mp4, times yyyyMMddhhmmss, as
+// the recording search names them); invalid when the name has none. Device times carry no zone
+// and are kept as UTC, so that they read back as they were written.
+QDateTime recordingStartOf(const QString& fileName)
+{
+    static const QRegularExpression pattern(QStringLiteral("_(\\d{14})_\\d{14}\\."));
+    const QRegularExpressionMatch match = pattern.match(fileName);
+    if (!match.hasMatch())
+        return {};
+    QDateTime start = QDateTime::fromString(match.captured(1), QStringLiteral("yyyyMMddhhmmss"));
+    start.setTimeSpec(Qt::UTC);
+    return start;
+}
 
 // A paced stream that falls further behind than this stops queueing frames for a client that
 // does not read, as a camera drops frames on a congested link.
@@ -105,6 +120,7 @@ struct StreamRequests
                        .arg(text(request.file_name()))
                        .arg(request.attr_3())
                        .arg(request.attr_4()));
+        stream.m_playback.recordingStart = recordingStartOf(text(request.file_name()));
         stream.begin(StreamConnection::Kind::File, text(request.channel_id().dev_id()),
                      request.channel_id().channel_index());
     }
@@ -315,6 +331,17 @@ void StreamConnection::begin(Kind kind, const QString& devId, quint32 channel)
     m_kind = kind;
     m_source =
         std::make_unique<MediaSource>(m_media, quint32(m_number), channel, devId, isPlayback());
+    if (m_media.encodes()) {
+        QString report;
+        m_encoder = VideoEncoder::open({.width = m_media.width,
+                                        .height = m_media.height,
+                                        .frameRate = m_source->frameRate(),
+                                        .framesPerKey = m_source->framesPerKey(),
+                                        .bitRate = m_media.bitRate},
+                                       &report);
+        log(m_encoder ? report : report + QStringLiteral(": synthetic frames instead"));
+        m_picture = std::make_unique<TestPicture>(devId, channel, simChannel->osd);
+    }
     if (isPlayback()) {
         m_playback.totalMs =
             m_media.playbackMs > 0 ? m_media.playbackMs : qint64(device->recordingMinutes) * 60000;
@@ -368,7 +395,10 @@ bool StreamConnection::sendFrame()
         timestamp = playback.positionMs;
     else if (m_kind == Kind::Time)
         timestamp = playback.start.toMSecsSinceEpoch() + playback.positionMs;
-    const QByteArray frame = FrameCodec::encode(StreamData, m_source->next(timestamp));
+    const QByteArray media = nextMedia(timestamp);
+    if (media.isEmpty())
+        return true;
+    const QByteArray frame = FrameCodec::encode(StreamData, media);
 
     const quint64 frames = m_source->sequence();
     const StreamFault fault = streamFaultAfter(m_faults, frames - 1);
@@ -416,6 +446,41 @@ bool StreamConnection::sendFrame()
     return true;
 }
 
+QByteArray StreamConnection::nextMedia(qint64 timestampMs)
+{
+    if (!m_encoder)
+        return m_source->next(timestampMs);
+    m_picture->draw(m_encoder->picture(), timestampMs, pictureTime(timestampMs));
+    bool key = false;
+    QString error;
+    const QByteArray unit = m_encoder->encode(m_source->keyDue() || m_forceKey, &key, &error);
+    if (!error.isEmpty()) {
+        log(QStringLiteral("the encoder failed (%1): synthetic frames from here on").arg(error));
+        m_encoder.reset();
+        return m_source->next(timestampMs);
+    }
+    if (unit.isEmpty())
+        return {};
+    m_forceKey = m_forceKey && !key;
+    return m_source->next(timestampMs, key, MediaHeader::H264, unit);
+}
+
+QString StreamConnection::pictureTime(qint64 timestampMs) const
+{
+    switch (m_kind) {
+    case Kind::File:
+        if (!m_playback.recordingStart.isValid()) {
+            return QTime::fromMSecsSinceStartOfDay(int(m_playback.positionMs % 86400000))
+                .toString(QStringLiteral("+hh:mm:ss.zzz"));
+        }
+        return m_playback.recordingStart.addMSecs(m_playback.positionMs).toString(streamTimeFormat);
+    case Kind::Time:
+        return m_playback.start.addMSecs(m_playback.positionMs).toString(streamTimeFormat);
+    default:
+        return QDateTime::fromMSecsSinceEpoch(timestampMs).toString(streamTimeFormat);
+    }
+}
+
 void StreamConnection::sendProgress()
 {
     if (m_kind == Kind::File) {
@@ -436,6 +501,8 @@ void StreamConnection::moveTo(qint64 positionMs)
 {
     m_playback.positionMs = qBound<qint64>(0, positionMs, m_playback.totalMs);
     m_playback.nextProgressMs = m_playback.positionMs + m_media.progressMs;
+    // The client starts decoding afresh from where it skipped to.
+    m_forceKey = true;
     // A recording played to its end plays again from where the client skipped to.
     const bool restart = m_playback.finished && m_playback.positionMs < m_playback.totalMs;
     m_playback.finished = m_playback.finished && !restart;

@@ -4,6 +4,8 @@
 
 #include "faults.h"
 #include "media_source.h"
+#include "test_picture.h"
+#include "video_encoder.h"
 
 #include "vms_protocol/frame_codec.h"
 
@@ -63,6 +65,9 @@ private:
         bool finished = false;
         qint64 nextProgressMs = 0;
         QDateTime start; // of a playback by time
+        // Of the recording a playback by file plays, when its name tells; its pictures show
+        // the time of day then, else the position.
+        QDateTime recordingStart;
     };
 
     friend struct StreamRequests;
@@ -77,6 +82,12 @@ private:
     void tick();
     // Sends one frame and applies the frame faults; false when the stream stopped sending.
     bool sendFrame();
+    // The next frame's payload: an encoded picture, or the pattern. Empty when the encoder
+    // held the picture back.
+    QByteArray nextMedia(qint64 timestampMs);
+    // The time a picture shows: the capture time of a live stream, the media time of a
+    // playback.
+    QString pictureTime(qint64 timestampMs) const;
     void sendProgress();
     void moveTo(qint64 positionMs);
     bool isPlayback() const { return m_kind == Kind::File || m_kind == Kind::Time; }
@@ -90,6 +101,9 @@ private:
     DeviceModel& m_model;
     Kind m_kind = Kind::None;
     std::unique_ptr<MediaSource> m_source;
+    std::unique_ptr<TestPicture> m_picture;
+    std::unique_ptr<VideoEncoder> m_encoder; // null: the pattern
+    bool m_forceKey = false;
     Playback m_playback;
     QTimer* m_timer;
     QElapsedTimer m_clock;
