@@ -13,7 +13,7 @@ packages=(
   libavcodec-dev libavutil-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   # the reference viewer (examples/viewer) and its test under a virtual X server
-  libavcodec-dev libavutil-dev libswscale-dev xvfb xauth imagemagick
+  libswscale-dev xvfb xauth imagemagick
   "$@"
 )
 

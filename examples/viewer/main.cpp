@@ -26,7 +26,7 @@ int main(int argc, char** argv)
     // The window releases the library when it closes, and quits a moment later.
     QApplication::setQuitOnLastWindowClosed(false);
     MainWindow window(*options);
-    window.resize(1280, 800);
+    window.resize(1440, 900);
     window.show();
     window.start();
     return QApplication::exec();

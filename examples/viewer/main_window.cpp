@@ -2,7 +2,7 @@
 // SPDX-FileCopyrightText: the vms_client_sdk developers
 #include "main_window.h"
 
-#include "alarm_list.h"
+#include "alarm_panel.h"
 #include "device_tree.h"
 #include "exercise.h"
 #include "gateway_status.h"
@@ -41,7 +41,7 @@ MainWindow::MainWindow(const Options& options)
     , m_grid(new VideoGrid)
     , m_ptz(new PtzPanel)
     , m_playback(new PlaybackPanel)
-    , m_alarms(new AlarmList)
+    , m_alarms(new AlarmPanel)
     , m_gatewayStatus(new GatewayStatus(m_tree))
 {
     setWindowTitle(tr("VMS viewer"));
@@ -53,11 +53,15 @@ MainWindow::MainWindow(const Options& options)
         dock->setWidget(widget);
         dock->setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable);
         addDockWidget(area, dock);
+        return dock;
     };
-    dock(tr("Devices"), m_tree, Qt::LeftDockWidgetArea);
-    dock(tr("PTZ"), m_ptz, Qt::RightDockWidgetArea);
+    QDockWidget* devices = dock(tr("Devices"), m_tree, Qt::LeftDockWidgetArea);
+    QDockWidget* ptz = dock(tr("PTZ"), m_ptz, Qt::RightDockWidgetArea);
     dock(tr("Playback"), m_playback, Qt::RightDockWidgetArea);
-    dock(tr("Alarms"), m_alarms, Qt::BottomDockWidgetArea);
+    QDockWidget* alarms = dock(tr("Alarms"), m_alarms, Qt::BottomDockWidgetArea);
+    // Most of the window for the pictures.
+    resizeDocks({devices, ptz}, {180, 330}, Qt::Horizontal);
+    resizeDocks({alarms}, {110}, Qt::Vertical);
     statusBar()->addWidget(m_gatewayStatus, 1);
 
     auto* layouts = new QActionGroup(this);

@@ -7,7 +7,7 @@
 
 #include <QMainWindow>
 
-class AlarmList;
+class AlarmPanel;
 class DeviceTree;
 class GatewayStatus;
 class PlaybackPanel;
@@ -42,7 +42,7 @@ private:
     VideoGrid* m_grid;
     PtzPanel* m_ptz;
     PlaybackPanel* m_playback;
-    AlarmList* m_alarms;
+    AlarmPanel* m_alarms;
     GatewayStatus* m_gatewayStatus;
     bool m_managed = false;
     // The command line's jobs that are still to do; the viewer quits once none is left,

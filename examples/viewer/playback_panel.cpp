@@ -46,7 +46,8 @@ PlaybackPanel::PlaybackPanel(QWidget* parent)
 {
     m_calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     m_calendar->setGridVisible(true);
-    m_view->setMinimumSize(320, 180);
+    m_view->setMinimumSize(240, 135);
+    m_view->setEmptyText(tr("choose a day, then a time on the timeline or ▶"));
 
     auto* controls = new QHBoxLayout;
     controls->addWidget(m_play);

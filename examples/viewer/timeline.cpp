@@ -60,11 +60,14 @@ void Timeline::paintEvent(QPaintEvent*)
     for (int hour = 0; hour <= 24; hour += 6) {
         const int x = std::min(width() - 1, width() * hour / 24);
         painter.drawLine(x, bar.bottom(), x, bar.bottom() + 3);
-        const int flags = hour == 0    ? Qt::AlignLeft
+        // The day's first and last labels stay inside the bar's ends.
+        const QRect label = hour == 0    ? QRect(x, bar.bottom() + 2, 60, 12)
+                            : hour == 24 ? QRect(x - 60, bar.bottom() + 2, 60, 12)
+                                         : QRect(x - 30, bar.bottom() + 2, 60, 12);
+        const int align = hour == 0    ? Qt::AlignLeft
                           : hour == 24 ? Qt::AlignRight
                                        : Qt::AlignHCenter;
-        painter.drawText(QRect(x - 30, bar.bottom() + 2, 60, 12).intersected(rect()),
-                         flags | Qt::AlignTop, QStringLiteral("%1:00").arg(hour));
+        painter.drawText(label, align | Qt::AlignTop, QStringLiteral("%1:00").arg(hour));
     }
     if (m_position.isValid() && m_position.date() == m_day) {
         painter.setPen(QPen(QColor(255, 200, 0), 2));

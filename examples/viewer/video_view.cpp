@@ -20,7 +20,7 @@ VideoView::VideoView(QWidget* parent)
     setMinimumSize(160, 90);
     // The picture covers the whole view: nothing behind it needs drawing first.
     setAttribute(Qt::WA_OpaquePaintEvent);
-    m_status = tr("drop a camera here");
+    m_emptyText = m_status = tr("drop a camera here");
     auto* signals_ = ClientSignals::instance();
     connect(signals_, &ClientSignals::signalStreamData, this, &VideoView::onStreamData);
     connect(signals_, &ClientSignals::signalStreamEventPush, this, &VideoView::onStreamEvent);
@@ -64,13 +64,20 @@ void VideoView::clear()
     m_decoder.reset();
     m_picture = {};
     m_title.clear();
-    setStatus(tr("drop a camera here"));
+    setStatus(m_emptyText);
 }
 
 void VideoView::setSelected(bool selected)
 {
     m_selected = selected;
     update();
+}
+
+void VideoView::setEmptyText(const QString& text)
+{
+    m_emptyText = text;
+    if (!m_stream)
+        setStatus(text);
 }
 
 void VideoView::setStatus(const QString& status)

@@ -35,6 +35,8 @@ public:
     QString title() const { return m_title; }
     bool hasPicture() const { return !m_picture.isNull(); }
     void setSelected(bool selected);
+    // What an empty view says.
+    void setEmptyText(const QString& text);
 
     // For the meter: pictures decoded, and pictures drawn on the screen, since the start.
     quint64 decodedFrames() const { return m_decoded; }
@@ -61,6 +63,7 @@ private:
     std::optional<vms_sdk::ChannelId> m_channel;
     std::unique_ptr<VideoDecoder> m_decoder;
     QString m_title;
+    QString m_emptyText;
     QString m_status; // shown instead of the picture, e.g. "connecting"
     QImage m_picture;
     bool m_pictureDrawn = true;

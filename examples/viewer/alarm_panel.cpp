@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 // SPDX-FileCopyrightText: the vms_client_sdk developers
-#include "alarm_list.h"
+#include "alarm_panel.h"
 
 #include <vms_sdk/vms_client_sdk.h>
 
@@ -8,7 +8,7 @@
 
 using namespace vms_sdk;
 
-AlarmList::AlarmList(QWidget* parent, int keep)
+AlarmPanel::AlarmPanel(QWidget* parent, int keep)
     : QTreeWidget(parent)
     , m_keep(keep)
 {
