@@ -47,6 +47,9 @@ install(FILES ${PROJECT_SOURCE_DIR}/README.md ${VMS_DOCS} DESTINATION ${VMS_DOC_
 # The API reference, when scripts/apidoc.sh has written it into this build.
 install(DIRECTORY ${PROJECT_BINARY_DIR}/docs/api/html/ DESTINATION ${VMS_DOC_DIR}/api OPTIONAL)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/consumer/ DESTINATION ${VMS_DOC_DIR}/examples/consumer)
+# The reference viewer is a sample to read and copy: its sources travel with the documentation
+# and build from there against the installed package.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/viewer/ DESTINATION ${VMS_DOC_DIR}/examples/viewer)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/tools/dgw_sim/examples/
     DESTINATION ${VMS_DATA_DIR}/dgw_sim FILES_MATCHING PATTERN "*.json")
 

@@ -6,8 +6,8 @@
 #   ./scripts/viewer.sh                         four live views of the simulator's cameras
 #   ./scripts/viewer.sh --grid 9
 #   ./scripts/viewer.sh --gateway /path/vms_dgw
-# VMS_DGW_SIM_CONFIG names a simulator config (docs/dgw_sim.md); without one the simulator's
-# built-in network plays.
+# The simulator plays examples/viewer/site.json (nine cameras, a few alarms) unless
+# VMS_DGW_SIM_CONFIG names another config (docs/dgw_sim.md).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 ./scripts/setup.sh
@@ -24,4 +24,5 @@ if ! { cmake --build build --parallel "$(nproc)" --target vms_client_sdk vms_dgw
     tail -n 40 build/viewer_build.log
     exit 1
 fi
+export VMS_DGW_SIM_CONFIG="${VMS_DGW_SIM_CONFIG:-$PWD/examples/viewer/site.json}"
 exec build/viewer/vms_viewer "$@"

@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: LicenseRef-Proprietary
 # SPDX-FileCopyrightText: the vms_client_sdk developers
 
-# Installs the build into a fresh prefix, builds the reference viewer against it like any
-# application, and runs it under a virtual X server against the package's simulator with four
+# Installs the build into a fresh prefix, builds the reference viewer from the sources installed
+# with the documentation against it like any application, and runs it under a virtual X server against the package's simulator with four
 # live H.264 views: it writes a screenshot once every view shows pictures and presses its own
 # PTZ and playback controls. The screenshot's views must hold real pictures (not black, not
 # flat, not alike) and the simulator's log must show that the controls reached it.
@@ -13,9 +13,11 @@ include(${CMAKE_CURRENT_LIST_DIR}/run.cmake)
 
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
 set(build ${WORK_DIR}/build)
-run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples/viewer -B ${build} -G Ninja
-    -DCMAKE_CXX_COMPILER=${CXX} -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_COMPILE_WARNING_AS_ERROR=ON)
+run(${CMAKE_COMMAND} -S ${prefix}/share/doc/vms-client-sdk/examples/viewer -B ${build} -G Ninja
+    -DCMAKE_CXX_COMPILER=${CXX} -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_COMPILE_WARNING_AS_ERROR=ON
+    -DVMS_VIEWER_TESTS=ON)
 run(${CMAKE_COMMAND} --build ${build})
+run(${build}/vms_viewer_test)
 
 # Four cameras at 25 frames per second; the first has presets to go to. The simulator goes
 # away by itself should the viewer die without telling it to.
