@@ -31,6 +31,15 @@ constexpr PadButton PadButtons[] = {
     {PTZOperationZoomIn, "+", 0, 3},  {PTZOperationZoomOut, "−", 2, 3},
 };
 
+QString padLabel(PTZOperation operation)
+{
+    for (const PadButton& row : PadButtons) {
+        if (row.operation == operation)
+            return QString::fromUtf8(row.label);
+    }
+    return QString::number(int(operation));
+}
+
 const QString RequestPrefix = QStringLiteral("viewer-ptz-");
 constexpr int PresetNumberRole = Qt::UserRole;
 
@@ -82,9 +91,8 @@ PtzPanel::PtzPanel(QWidget* parent)
     auto* signals_ = ClientSignals::instance();
     connect(signals_, &ClientSignals::signalPTZCtrlRes, this,
             [this](const Response& response, PTZOperation operation, PTZAction action) {
-                report(response, tr("%1 %2")
-                                     .arg(action == PTZActionStart ? tr("move") : tr("stop"))
-                                     .arg(int(operation)));
+                report(response, (action == PTZActionStart ? tr("moving %1") : tr("stopped %1"))
+                                     .arg(padLabel(operation)));
             });
     connect(signals_, &ClientSignals::signalGetPresetsRes, this,
             [this](const Response& response, const QList<PresetInfo>& presets) {
