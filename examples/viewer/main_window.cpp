@@ -166,12 +166,12 @@ void MainWindow::takeScreenshot()
     const bool saved = grab().save(m_options.screenshot, "PNG");
     out << "screenshot: " << m_options.screenshot << (saved ? "" : " could not be written")
         << Qt::endl;
-    // Where each view lies in the picture, for whoever checks it.
+    // Where each view's picture lies in the screenshot, for whoever checks it.
     for (int i = 0; i < m_grid->views().size(); ++i) {
         const VideoView* view = m_grid->views()[i];
-        const QPoint at = view->mapTo(this, QPoint(0, 0));
-        out << "view " << i + 1 << ": " << view->width() << 'x' << view->height() << '+' << at.x()
-            << '+' << at.y() << ' ' << view->title() << Qt::endl;
+        const QRect picture = view->pictureRect().translated(view->mapTo(this, QPoint(0, 0)));
+        out << "view " << i + 1 << ": " << picture.width() << 'x' << picture.height() << '+'
+            << picture.x() << '+' << picture.y() << ' ' << view->title() << Qt::endl;
     }
     jobDone(ScreenshotJob, saved);
 }

@@ -153,9 +153,7 @@ void VideoView::paintEvent(QPaintEvent*)
     if (!m_picture.isNull() && m_status.isEmpty()) {
         // The decoder scaled it to this view's size already; a resize since then is
         // caught up by the next picture.
-        QRectF target(QPointF(), m_picture.size().scaled(size(), Qt::KeepAspectRatio));
-        target.moveCenter(QRectF(rect()).center());
-        painter.drawImage(target, m_picture);
+        painter.drawImage(pictureRect(), m_picture);
         if (!m_pictureDrawn)
             ++m_drawn;
         m_pictureDrawn = true;
@@ -172,6 +170,13 @@ void VideoView::paintEvent(QPaintEvent*)
     }
     painter.setPen(QPen(m_selected ? QColor(0, 160, 255) : QColor(60, 60, 60), 2));
     painter.drawRect(QRectF(rect()).adjusted(1, 1, -1, -1));
+}
+
+QRect VideoView::pictureRect() const
+{
+    QRect picture(QPoint(), m_picture.size().scaled(size(), Qt::KeepAspectRatio));
+    picture.moveCenter(rect().center());
+    return picture;
 }
 
 void VideoView::mousePressEvent(QMouseEvent* event)

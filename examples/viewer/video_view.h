@@ -34,6 +34,8 @@ public:
     std::optional<vms_sdk::ChannelId> channel() const { return m_channel; }
     QString title() const { return m_title; }
     bool hasPicture() const { return !m_picture.isNull(); }
+    // Where the picture is drawn in the view: the view's middle, the picture's shape.
+    QRect pictureRect() const;
     void setSelected(bool selected);
     // What an empty view says.
     void setEmptyText(const QString& text);
