@@ -23,6 +23,7 @@ extern "C" {
 #include <functional>
 #include <map>
 #include <memory>
+#include <ostream>
 
 using namespace vms_sdk;
 
@@ -234,7 +235,18 @@ const VideoRow videoRows[] = {
              {.channelId = cam1, .fileName = "ch01_20240506120000_20240506130000.mp4"});
      },
      50, 352, 288, 20, 25},
+    // As fast as the client reads, stamped as at 25 frames per second.
+    {"UnpacedPlaybackByFile",
+     R"({"frameRate": 0, "keyFrameIntervalMs": 200, "width": 320, "height": 240,
+         "playbackMs": 400})",
+     [] { return playback_by_file_req({.channelId = cam1, .fileName = "ch01_a.mp4"}); }, 10, 320,
+     240, 40, 5},
 };
+
+void PrintTo(const VideoRow& row, std::ostream* out)
+{
+    *out << row.name;
+}
 
 class StreamVideoRowTest : public StreamVideoTest, public ::testing::WithParamInterface<VideoRow>
 {};
@@ -314,6 +326,31 @@ TEST_F(StreamVideoTest, CamerasShowPicturesOfTheirOwnThatMove)
     // The block in the middle band moves; the text at the top and bottom is not in it.
     EXPECT_GT(difference(band(cam1.first(), 0.35, 0.65), band(cam1.last(), 0.35, 0.65)), 5);
     EXPECT_LT(difference(band(cam1[0], 0.35, 0.65), band(cam1[1], 0.35, 0.65)), 5);
+}
+
+TEST_F(StreamVideoTest, ASkipStartsAtAKeyFrame)
+{
+    // No key frame on the schedule after the first, so the one after the skip is the skip's.
+    start(R"({"frameRate": 50, "keyFrameIntervalMs": 3600000, "width": 320, "height": 240,
+              "playbackMs": 4000})");
+    const StreamId id = playback_by_file_req({.channelId = cam1, .fileName = "ch01_a.mp4"});
+    ASSERT_TRUE(vms_test::waitFor([&] { return frames[id].size() >= 3; }, 20000));
+    skip_by_offset_time_req(id, 3000);
+    ASSERT_TRUE(vms_test::waitFor([&] { return !events[id].isEmpty(); }, 20000));
+
+    const QList<VideoFrame>& got = frames[id];
+    QList<int> keys;
+    int skippedTo = -1;
+    for (int i = 0; i < got.size(); ++i) {
+        if (got[i].key)
+            keys.append(i);
+        if (got[i].timestamp == 3000 && skippedTo < 0)
+            skippedTo = i;
+    }
+    ASSERT_GT(skippedTo, 0);
+    EXPECT_EQ(keys, (QList<int>{0, skippedTo}));
+    EXPECT_EQ(got.size() - skippedTo, 50);
+    EXPECT_EQ(decodeAll(got, skippedTo).size(), 50);
 }
 
 } // namespace
