@@ -51,6 +51,7 @@ void VideoView::start(StreamId stream, const QString& title)
     // A fresh decoder per stream: the new stream starts with its own parameter sets.
     m_decoder = std::make_unique<VideoDecoder>();
     m_waitForKeyFrame = true;
+    m_nextSequence = 0;
     m_reportedBadFrame = false;
     setStatus(m_decoder->isValid() ? tr("connecting") : m_decoder->error());
 }
