@@ -23,6 +23,8 @@
 #include <QTimer>
 #include <QToolBar>
 
+#include <algorithm>
+
 using namespace vms_sdk;
 
 namespace {
@@ -93,7 +95,7 @@ MainWindow::MainWindow(const Options& options)
         onViewSelected(m_grid->selectedView());
     });
     connect(m_grid, &VideoGrid::viewSelected, this, &MainWindow::onViewSelected);
-    connect(m_grid, &VideoGrid::picturesInEveryView, this, &MainWindow::onPicturesInEveryView);
+    connect(m_grid, &VideoGrid::pictureShown, this, &MainWindow::onPictureShown);
 
     if (!options.screenshot.isEmpty())
         m_jobs.append(ScreenshotJob);
@@ -143,8 +145,14 @@ void MainWindow::onViewSelected(VideoView* view)
                                    : std::nullopt);
 }
 
-void MainWindow::onPicturesInEveryView()
+void MainWindow::onPictureShown()
 {
+    // The jobs start once every view that has a camera to show shows its pictures: a site with
+    // fewer cameras than views leaves the rest empty.
+    const auto cameras = qsizetype(m_tree->onlineChannels().size());
+    const int expected = int(std::min<qsizetype>(m_grid->viewCount(), cameras));
+    if (expected == 0 || m_grid->viewsWithPictures() < expected)
+        return;
     if (m_jobs.contains(ScreenshotJob))
         takeScreenshot();
     if (m_jobs.contains(ExerciseJob) && !findChild<Exercise*>()) {
@@ -169,6 +177,10 @@ void MainWindow::takeScreenshot()
     // Where each view's picture lies in the screenshot, for whoever checks it.
     for (int i = 0; i < m_grid->views().size(); ++i) {
         const VideoView* view = m_grid->views()[i];
+        if (!view->hasPicture()) {
+            out << "view " << i + 1 << ": empty" << Qt::endl;
+            continue;
+        }
         const QRect picture = view->pictureRect().translated(view->mapTo(this, QPoint(0, 0)));
         out << "view " << i + 1 << ": " << picture.width() << 'x' << picture.height() << '+'
             << picture.x() << '+' << picture.y() << ' ' << view->title() << Qt::endl;

@@ -32,7 +32,7 @@ protected:
 
 private:
     void onViewSelected(VideoView* view);
-    void onPicturesInEveryView();
+    void onPictureShown();
     void takeScreenshot();
     void jobDone(const QString& job, bool passed);
     void finish(int exitCode);

@@ -28,10 +28,7 @@ void VideoGrid::setViewCount(int count)
                 [view](const vms_sdk::ChannelId& channel, const QString& title) {
                     view->showLive(channel, title);
                 });
-        connect(view, &VideoView::firstPicture, this, [this] {
-            if (everyViewHasPicture())
-                Q_EMIT picturesInEveryView();
-        });
+        connect(view, &VideoView::firstPicture, this, &VideoGrid::pictureShown);
         m_views.append(view);
     }
     // Lay the views out afresh: a square of side 1, 2 or 3, each cell stretching alike.
@@ -83,8 +80,8 @@ void VideoGrid::fillEmpty(const QList<NamedChannel>& channels)
     }
 }
 
-bool VideoGrid::everyViewHasPicture() const
+int VideoGrid::viewsWithPictures() const
 {
-    return std::all_of(m_views.begin(), m_views.end(),
-                       [](const VideoView* view) { return view->hasPicture(); });
+    return int(std::count_if(m_views.begin(), m_views.end(),
+                             [](const VideoView* view) { return view->hasPicture(); }));
 }

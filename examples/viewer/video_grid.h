@@ -29,12 +29,13 @@ public:
     void show(const NamedChannel& named);
     // Gives each empty view the next of `channels` that no view shows yet.
     void fillEmpty(const QList<NamedChannel>& channels);
-    bool everyViewHasPicture() const;
+    // How many views show decoded pictures.
+    int viewsWithPictures() const;
 
 Q_SIGNALS:
     void viewSelected(VideoView* view);
-    // Every view has shown a decoded picture; said each time the last of them gets its first.
-    void picturesInEveryView();
+    // A view shows the first decoded picture of its stream.
+    void pictureShown();
 
 private:
     void select(VideoView* view);
