@@ -24,5 +24,5 @@ expect_in("the package" "${contents}"
 
 run(dpkg-deb --field ${packages} Package Depends)
 expect_in("the package's control" "${output}"
-    "Package: vms-client-sdk" libqt5core5a libqt5network5 qtbase5-dev)
+    "Package: vms-client-sdk" libqt5core5a libqt5network5 qtbase5-dev libavcodec)
 message(STATUS "${packages}\n${output}\n${contents}")
