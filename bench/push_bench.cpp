@@ -138,7 +138,7 @@ int main(int argc, char** argv)
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("vms_bench_pushes"));
     const int total =
-        qMax(2, options.number(QStringLiteral("pushes"), options.smoke ? 1000 : 300000));
+        qMax(2, options.number(QStringLiteral("pushes"), options.smoke ? 1000 : 1000000));
     if (options.run == QLatin1String("pushes"))
         return pushesRun(total);
 
