@@ -31,6 +31,7 @@
 #ifdef Q_OS_UNIX
 #include <csignal>
 #include <sys/resource.h>
+#include <unistd.h>
 #endif
 #ifdef __GLIBC__
 #include <malloc.h>
@@ -142,6 +143,27 @@ QString SimLauncher::startByHand()
     const QStringList args{QStringLiteral("vms_dgw.exe_%1").arg(m_pids.size()), server,
                            server + QStringLiteral("_stream")};
     return !server.isEmpty() && start(QStringLiteral(VMS_DGW_SIM_PATH), args) ? server : QString();
+}
+
+double SimLauncher::cpuSeconds(int index) const
+{
+#ifdef Q_OS_LINUX
+    if (index < 0 || index >= m_pids.size())
+        return -1;
+    QFile stat(QStringLiteral("/proc/%1/stat").arg(m_pids[index]));
+    if (!stat.open(QIODevice::ReadOnly))
+        return -1;
+    // The program's name may hold blanks; the fields after it are counted from its ')'.
+    const QByteArray text = stat.readAll();
+    const QList<QByteArray> fields = text.mid(text.lastIndexOf(')') + 2).split(' ');
+    // utime and stime are fields 14 and 15 of the whole line, 12 and 13 after the name.
+    if (fields.size() < 13)
+        return -1;
+    return double(fields[11].toLongLong() + fields[12].toLongLong()) / double(sysconf(_SC_CLK_TCK));
+#else
+    Q_UNUSED(index)
+    return -1;
+#endif
 }
 
 void SimLauncher::killAll()

@@ -63,6 +63,9 @@ public:
     QString startByHand();
     void killAll();
     int started() const { return int(m_pids.size()); }
+    // CPU time (user and system) of the `index`th process started so far, seconds; -1 where the
+    // system does not tell (Linux only). What limits a client can be its simulator's pace.
+    double cpuSeconds(int index) const;
 
 private:
     QString m_folder;

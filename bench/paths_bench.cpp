@@ -1,43 +1,33 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 // SPDX-FileCopyrightText: the vms_client_sdk developers
 
-// Client CPU of the request and push paths: the library next to a raw framed client of the
-// same simulator.
+// Client CPU of the request and push paths: the library next to the raw framed client of
+// bench_support, each against a simulator of its own started the same way.
 //
-//   requests  `inFlight` get_dev_net_req outstanding at any moment; each answer
+//   requests  1,000 get_dev_net_req outstanding at any moment; each answer
 //             (signalGetDevNetRes) sends the next. The raw client writes the same wire request
-//             and parses the same answer, one flush per batch of answers read.
-//   pushes    the simulator fires device status pushes as fast as it can (many series due every
-//             millisecond, so it always has a backlog); the library counts signalDevStatusPush,
-//             the raw reader counts whole frames.
+//             and parses the same answer.
+//   pushes    the simulator floods device status pushes for as long as the client reads; the
+//             library counts signalDevStatusPush, the raw reader every push it parsed.
 //
 // The library starts its gateways once per process, so run one library benchmark per process
-// (--benchmark_filter=Requests, --benchmark_filter=Pushes).
+// (--benchmark_filter=libraryRequests, --benchmark_filter=libraryPushes).
 //
-// CPU time per item is the cost this benchmark is about. Under callgrind each benchmark's
-// measured part is dumped on its own ("--collect-atstart=no" is not needed: the stats are
-// zeroed when the measurement starts), so the instructions per item can be read from the dump
-// named after the benchmark:
-//   valgrind --tool=callgrind --dump-instr=no build-rel/bench/vms_bench_paths
+// CPU time per item is the cost this benchmark is about. Under callgrind the measured part of
+// each benchmark is dumped on its own (the counts are zeroed when the measurement starts, so
+// nothing of the start-up is in it), named after the benchmark:
+//   valgrind --tool=callgrind --dump-instr=no build-bench/bench/vms_bench_paths
+//       --benchmark_filter=libraryRequests --vms_bench_items=5000   (one line)
+//   callgrind_annotate --inclusive=yes callgrind.out.<pid>.1
+// The instructions per item are the dump's total over the items the benchmark reports.
 #include "bench_support.h"
 
 #include <vms_sdk/client_signals.h>
 #include <vms_sdk/vms_client_sdk.h>
 
-#include "vms_protocol/frame_codec.h"
 #include "vms_protocol/message_type.h"
-#include "vms_sdk/gateway/multi_dgw_mgr.h"
 
 #include "vms_message.pb.h"
-
-#include <QCoreApplication>
-#include <QEventLoop>
-#include <QFile>
-#include <QLocalSocket>
-#include <QProcess>
-#include <QTemporaryDir>
-#include <QTimer>
-#include <QUuid>
 
 #include <benchmark/benchmark.h>
 
@@ -48,252 +38,69 @@
 #define CALLGRIND_DUMP_STATS_AT(name) (void)(name)
 #endif
 
-#include <functional>
-#include <memory>
+#include <QCoreApplication>
 
-#ifdef Q_OS_UNIX
-#include <csignal>
-#endif
+#include <string>
 
 namespace {
 
-using namespace vms_sdk;
+using namespace vms_bench;
 
-constexpr int WaitMs = 30000;
 constexpr int InFlight = 1000;
-constexpr const char* Camera = "cam-1";
+const QString Camera = QStringLiteral("cam-1");
 
 int itemsPerIteration = 20000;
 
-QTemporaryDir& folder()
-{
-    static QTemporaryDir dir;
-    return dir;
-}
+const QByteArray requestConfig = R"({"messageLog": false, "idleExitMs": 30000})";
+// A flood without a count goes on until the client goes.
+const QByteArray floodConfig = R"({"messageLog": false, "idleExitMs": 30000, "pushes": [
+    {"type": "devStatus", "devId": "cam-1", "status": 0, "flood": true}]})";
 
-QString writeConfig(const QString& name, const QByteArray& json)
+// A simulator and whoever speaks to it, torn down with the benchmark.
+struct Session
 {
-    const QString path = folder().path() + QLatin1Char('/') + name;
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return {};
-    file.write(json);
-    return path;
-}
-
-// Many series of device status pushes, each due every millisecond: more than the client takes,
-// so the simulator always has pushes due and sends them back to back.
-QByteArray floodConfig()
-{
-    QByteArray pushes;
-    for (int i = 0; i < 200; ++i) {
-        pushes += (i ? "," : "");
-        pushes += R"({"type": "devStatus", "everyMs": 1, "devId": "cam-1", "status": 0})";
-    }
-    return R"({"idleExitMs": 5000, "pushes": [)" + pushes + "]}";
-}
-
-QByteArray plainConfig()
-{
-    return R"({"idleExitMs": 5000})";
-}
-
-QList<qint64>& simulatorPids()
-{
-    static QList<qint64> pids;
-    return pids;
-}
-
-bool startSimulator(const QString& config, const QStringList& args)
-{
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("VMS_DGW_SIM_CONFIG"), config);
-    process.setProcessEnvironment(environment);
-    process.setProgram(QStringLiteral(VMS_DGW_SIM_PATH));
-    process.setArguments(args);
-    process.setStandardOutputFile(QProcess::nullDevice());
-    process.setStandardErrorFile(QProcess::nullDevice());
-    qint64 pid = 0;
-    if (!process.startDetached(&pid))
-        return false;
-    simulatorPids().append(pid);
-    return true;
-}
-
-void killSimulators()
-{
-#ifdef Q_OS_UNIX
-    for (qint64 pid : std::as_const(simulatorPids())) {
-        if (QFile::exists(QStringLiteral("/proc/%1").arg(pid)))
-            ::kill(pid_t(pid), SIGKILL);
-    }
-#endif
-    simulatorPids().clear();
-}
-
-// Runs the event loop until `done` holds; false after WaitMs without.
-bool runUntil(const std::function<bool()>& done, QEventLoop& loop)
-{
-    QTimer timeout;
-    timeout.setSingleShot(true);
-    timeout.start(WaitMs);
-    // Wakes the loop now and then for conditions that no event announces (a server that
-    // starts listening).
-    QTimer tick;
-    tick.start(10);
-    while (!done() && timeout.isActive())
-        loop.processEvents(QEventLoop::WaitForMoreEvents);
-    return done();
-}
-
-// The library with one simulator gateway reading `config`, its camera managed and online.
-class Library
-{
-public:
-    Library(const QByteArray& config, bool waitForCamera)
+    explicit Session(const QByteArray& config)
+        : launcher(sandbox.path())
     {
-        const QString path = writeConfig(QStringLiteral("library.json"), config);
-        MultiDgwMgr::instance()->setProcessStarter(
-            [path](const QString&, const QStringList& args) { return startSimulator(path, args); });
-        init_vms_client_sdk();
-        bool ready = false;
-        bool online = false;
-        QObject context;
-        QObject::connect(ClientSignals::instance(), &ClientSignals::signalPrepareStartDgwSuccess,
-                         &context, [&] { ready = true; });
-        QObject::connect(ClientSignals::instance(), &ClientSignals::signalDevStatusPush, &context,
-                         [&](const QString&, DevStatus status) {
-                             online = online || status == DevStatusOnline;
-                         });
-        QEventLoop loop;
-        prepare_start_dgw_req(InitDgwCondition{}, QStringLiteral(VMS_DGW_SIM_PATH), 1);
-        if (!runUntil([&] { return ready; }, loop)) {
-            m_failure = "the library did not start its gateway";
-            return;
-        }
-        set_managed_devs_cmd({DevInfo{.id = QLatin1String(Camera)}});
-        // Pushes need no managed camera: the measurement itself waits for them.
-        if (waitForCamera && !runUntil([&] { return online; }, loop))
-            m_failure = "the camera did not come online";
+        launcher.setConfig(config);
     }
-    ~Library()
-    {
-        release_vms_client_sdk();
-        killSimulators();
-    }
-    // Why the session is of no use; null when it is.
-    const char* failure() const { return m_failure; }
 
-private:
-    const char* m_failure = nullptr;
+    Sandbox sandbox;
+    SimLauncher launcher;
 };
 
-// A client of its own simulator speaking the frames by hand: hello, init, the camera managed.
-class RawClient
-{
-public:
-    explicit RawClient(const QByteArray& config)
-    {
-        const QString name = QStringLiteral("vms_bench_paths_") +
-                             QUuid::createUuid().toString(QUuid::Id128).left(12);
-        if (!startSimulator(
-                writeConfig(QStringLiteral("raw.json"), config),
-                {QStringLiteral("vms_dgw.exe_0"), name, name + QStringLiteral("_stream")}))
-            return;
-        QEventLoop loop;
-        const bool connected = runUntil(
-            [&] {
-                if (socket.state() == QLocalSocket::UnconnectedState)
-                    socket.connectToServer(name);
-                return socket.state() == QLocalSocket::ConnectedState;
-            },
-            loop);
-        if (!connected)
-            return;
-        send(ClientHelloCmd, QByteArray());
-        vms_sdk_proto::InitDgwReq init;
-        init.set_request_id("init");
-        send(InitDgwReq, serialized(init));
-        vms_sdk_proto::SetManagedDevsCmd managed;
-        managed.add_devs()->set_id(Camera);
-        send(SetManagedDevsCmd, serialized(managed));
-        socket.flush();
-        bool online = false;
-        Frame frame;
-        m_ok = runUntil(
-            [&] {
-                while (!online && reader.read(socket, frame))
-                    online = frame.type == DevStatusPush;
-                return online;
-            },
-            loop);
-    }
-    ~RawClient()
-    {
-        socket.abort();
-        killSimulators();
-    }
-
-    static QByteArray serialized(const google::protobuf::MessageLite& message)
-    {
-        return QByteArray::fromStdString(message.SerializeAsString());
-    }
-    void send(int type, const QByteArray& payload)
-    {
-        socket.write(FrameCodec::encode(type, payload));
-    }
-    bool ok() const { return m_ok; }
-
-    QLocalSocket socket;
-    FrameReader reader;
-
-private:
-    bool m_ok = false;
-};
-
-// Counts items and lets the loop run until the count reaches a target.
-struct Counter
-{
-    qint64 count = 0;
-
-    bool waitForMore(qint64 items)
-    {
-        const qint64 target = count + items;
-        QEventLoop loop;
-        return runUntil([&] { return count >= target; }, loop);
-    }
-};
-
-void measure(benchmark::State& state, Counter& counter, const char* dumpName)
+void measure(benchmark::State& state, const qint64& count, const char* dumpName)
 {
     // Whatever was queued while the session started belongs to no iteration.
     CALLGRIND_ZERO_STATS;
-    const qint64 before = counter.count;
+    const qint64 before = count;
     for (auto _ : state) {
-        if (!counter.waitForMore(itemsPerIteration)) {
+        const qint64 target = count + itemsPerIteration;
+        if (!waitUntil([&] { return count >= target; })) {
             state.SkipWithError("the items stopped coming");
             break;
         }
     }
     CALLGRIND_DUMP_STATS_AT(dumpName);
-    state.SetItemsProcessed(counter.count - before);
+    state.SetItemsProcessed(count - before);
 }
 
 void libraryRequests(benchmark::State& state)
 {
-    Library library(plainConfig(), true);
-    if (library.failure())
-        return state.SkipWithError(library.failure());
-    Counter answered;
+    Session session(requestConfig);
+    Library library(session.launcher);
+    if (!library.start(1, devices({Camera}), 1))
+        return state.SkipWithError("the library did not get its camera online");
+    qint64 answered = 0;
     qint64 sent = 0;
     const auto next = [&] {
-        get_dev_net_req({.requestId = QString::number(++sent), .devId = QLatin1String(Camera)});
+        vms_sdk::get_dev_net_req({.requestId = QString::number(++sent), .devId = Camera});
     };
     QObject context;
-    QObject::connect(ClientSignals::instance(), &ClientSignals::signalGetDevNetRes, &context,
-                     [&](const Response&, const DevNetInfo&) {
-                         ++answered.count;
+    QObject::connect(vms_sdk::ClientSignals::instance(),
+                     &vms_sdk::ClientSignals::signalGetDevNetRes, &context,
+                     [&](const vms_sdk::Response&, const vms_sdk::DevNetInfo&) {
+                         ++answered;
                          next();
                      });
     for (int i = 0; i < InFlight; ++i)
@@ -303,58 +110,56 @@ void libraryRequests(benchmark::State& state)
 
 void rawRequests(benchmark::State& state)
 {
-    RawClient raw(plainConfig());
-    if (!raw.ok())
+    Session session(requestConfig);
+    RawClient raw;
+    if (!raw.open(session.launcher.startByHand()))
         return state.SkipWithError("the raw client did not get its gateway");
-    Counter answered;
+    qint64 answered = 0;
     qint64 sent = 0;
     const auto next = [&] {
         vms_sdk_proto::DevNetGetReq request;
         request.set_request_id(std::to_string(++sent));
-        request.set_dev_id(Camera);
-        raw.send(DevNetGetReq, RawClient::serialized(request));
+        request.set_dev_id("cam-1");
+        raw.send(vms_sdk::DevNetGetReq, request.SerializeAsString());
     };
-    QObject::connect(&raw.socket, &QLocalSocket::readyRead, [&] {
-        Frame frame;
+    raw.setHandler([&](int type, const char* payload, int size) {
         vms_sdk_proto::DevNetGetRes answer;
-        while (raw.reader.read(raw.socket, frame)) {
-            if (frame.type != DevNetGetRes ||
-                !answer.ParseFromArray(frame.payload.constData(), int(frame.payload.size())))
-                continue;
-            ++answered.count;
-            next();
-        }
-        raw.socket.flush();
+        if (type != vms_sdk::DevNetGetRes || !answer.ParseFromArray(payload, size))
+            return;
+        ++answered;
+        next();
     });
     for (int i = 0; i < InFlight; ++i)
         next();
-    raw.socket.flush();
     measure(state, answered, "raw requests");
 }
 
 void libraryPushes(benchmark::State& state)
 {
-    Library library(floodConfig(), false);
-    if (library.failure())
-        return state.SkipWithError(library.failure());
-    Counter pushes;
+    Session session(floodConfig);
+    qint64 pushes = 0;
     QObject context;
-    QObject::connect(ClientSignals::instance(), &ClientSignals::signalDevStatusPush, &context,
-                     [&](const QString&, DevStatus) { ++pushes.count; });
+    QObject::connect(vms_sdk::ClientSignals::instance(),
+                     &vms_sdk::ClientSignals::signalDevStatusPush, &context,
+                     [&](const QString&, vms_sdk::DevStatus) { ++pushes; });
+    // The flood starts with the gateway's init; no device needs to be managed.
+    Library library(session.launcher);
+    if (!library.prepare(1))
+        return state.SkipWithError("the library did not start its gateway");
     measure(state, pushes, "library pushes");
 }
 
 void rawPushes(benchmark::State& state)
 {
-    RawClient raw(floodConfig());
-    if (!raw.ok())
-        return state.SkipWithError("the raw reader did not get its gateway");
-    Counter pushes;
-    QObject::connect(&raw.socket, &QLocalSocket::readyRead, [&] {
-        Frame frame;
-        while (raw.reader.read(raw.socket, frame))
-            pushes.count += frame.type == DevStatusPush;
+    Session session(floodConfig);
+    qint64 pushes = 0;
+    RawClient raw;
+    raw.setHandler([&](int type, const char* payload, int size) {
+        vms_sdk_proto::DevStatusPush push;
+        pushes += type == vms_sdk::DevStatusPush && push.ParseFromArray(payload, size);
     });
+    if (!raw.open(session.launcher.startByHand()))
+        return state.SkipWithError("the raw reader did not get its gateway");
     measure(state, pushes, "raw pushes");
 }
 
@@ -368,9 +173,10 @@ BENCHMARK(rawPushes)->Unit(benchmark::kMillisecond)->UseRealTime();
 int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("vms_bench_paths"));
     // Items counted per iteration (a smoke run takes a few).
-    itemsPerIteration = qMax(
-        1, int(vms_bench::takeNumberArgument(argc, argv, "vms_bench_items", itemsPerIteration)));
+    itemsPerIteration =
+        qMax(1, int(takeNumberArgument(argc, argv, "vms_bench_items", itemsPerIteration)));
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

@@ -22,6 +22,7 @@
 #include <QElapsedTimer>
 
 #include <cstdio>
+#include <functional>
 
 namespace {
 
@@ -31,8 +32,10 @@ using namespace vms_bench;
 class PushCounter
 {
 public:
-    explicit PushCounter(int total)
+    // `simulatorCpu` reads the CPU seconds of the simulator that sends the pushes.
+    PushCounter(int total, std::function<double()> simulatorCpu)
         : m_total(total)
+        , m_simulatorCpu(std::move(simulatorCpu))
     {
         m_clock.start();
     }
@@ -42,9 +45,11 @@ public:
         if (++m_count == 1) {
             m_firstNs = m_clock.nsecsElapsed();
             m_firstCpu = processCpuSeconds();
+            m_firstSimulatorCpu = m_simulatorCpu();
         } else if (m_count == m_total) {
             m_lastNs = m_clock.nsecsElapsed();
             m_lastCpu = processCpuSeconds();
+            m_lastSimulatorCpu = m_simulatorCpu();
         }
     }
 
@@ -55,15 +60,31 @@ public:
     // Between the first push and the last, m_total - 1 arrived.
     double perSecond() const { return (m_total - 1) / (double(m_lastNs - m_firstNs) / 1e9); }
     double cpuUsEach() const { return (m_lastCpu - m_firstCpu) * 1e6 / (m_total - 1); }
+    double simulatorCpuUsEach() const
+    {
+        return (m_lastSimulatorCpu - m_firstSimulatorCpu) * 1e6 / (m_total - 1);
+    }
+    // The share of one core the process used while the pushes came.
+    double cpuShare() const
+    {
+        return (m_lastCpu - m_firstCpu) / (double(m_lastNs - m_firstNs) / 1e9);
+    }
+    double simulatorCpuShare() const
+    {
+        return (m_lastSimulatorCpu - m_firstSimulatorCpu) / (double(m_lastNs - m_firstNs) / 1e9);
+    }
 
 private:
     int m_total;
+    std::function<double()> m_simulatorCpu;
     int m_count = 0;
     QElapsedTimer m_clock;
     qint64 m_firstNs = 0;
     qint64 m_lastNs = 0;
     double m_firstCpu = 0;
     double m_lastCpu = 0;
+    double m_firstSimulatorCpu = 0;
+    double m_lastSimulatorCpu = 0;
 };
 
 int pushesRun(int total)
@@ -77,7 +98,8 @@ int pushesRun(int total)
             .arg(total)
             .toUtf8());
 
-    PushCounter raw(total);
+    // The raw reader's simulator is the first started, the library's gateway the second.
+    PushCounter raw(total, [&] { return launcher.cpuSeconds(0); });
     RawClient client;
     client.setHandler([&](int type, const char* payload, int size) {
         vms_sdk_proto::DevStatusPush push;
@@ -88,7 +110,7 @@ int pushesRun(int total)
     if (!client.open(launcher.startByHand()) || !raw.waitForAll())
         return 1;
 
-    PushCounter library(total);
+    PushCounter library(total, [&] { return launcher.cpuSeconds(1); });
     QObject context;
     QObject::connect(vms_sdk::ClientSignals::instance(),
                      &vms_sdk::ClientSignals::signalDevStatusPush, &context,
@@ -103,6 +125,10 @@ int pushesRun(int total)
 
     printSample("pushes_per_second", raw.perSecond(), library.perSecond());
     printSample("cpu_per_push", raw.cpuUsEach(), library.cpuUsEach());
+    printSample("client_core_share", raw.cpuShare() * 100, library.cpuShare() * 100);
+    printSample("simulator_cpu_per_push", raw.simulatorCpuUsEach(), library.simulatorCpuUsEach());
+    printSample("simulator_core_share", raw.simulatorCpuShare() * 100,
+                library.simulatorCpuShare() * 100);
     return 0;
 }
 
@@ -114,7 +140,7 @@ int main(int argc, char** argv)
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("vms_bench_pushes"));
     const int total =
-        qMax(2, options.number(QStringLiteral("pushes"), options.smoke ? 1000 : 300000));
+        qMax(2, options.number(QStringLiteral("pushes"), options.smoke ? 1000 : 1000000));
     if (options.run == QLatin1String("pushes"))
         return pushesRun(total);
 
@@ -124,6 +150,13 @@ int main(int argc, char** argv)
          "raw framed reader", "/s", Goal::RatioAtLeast, 0.5, 0},
         {"cpu_per_push", "client CPU per push", "raw framed reader", "µs", Goal::LibraryAtMost, 1,
          2},
+        // What bounds the pace: a process that uses a whole core cannot go faster.
+        {"client_core_share", "client's share of a core while pushes come", "raw framed reader",
+         "%", Goal::None, 0, 0},
+        {"simulator_cpu_per_push", "simulator CPU per push sent", "to the raw framed reader", "µs",
+         Goal::None, 0, 2},
+        {"simulator_core_share", "simulator's share of a core while it floods",
+         "to the raw framed reader", "%", Goal::None, 0, 0},
     });
     const bool ran =
         runChildren(QStringLiteral("pushes"), options.runs, options.forwarded(), table);

@@ -39,6 +39,8 @@ struct Requester
 {
     std::function<void(int n)> send;
     std::function<void(int n)> answered;
+    // CPU seconds of the simulator that answers.
+    std::function<double()> simulatorCpu = [] { return 0.0; };
 };
 
 struct Load
@@ -46,10 +48,21 @@ struct Load
     std::vector<double> roundTripsUs;
     double seconds = 0;
     double cpuSeconds = 0;
+    double simulatorCpuSeconds = 0;
     int total = 0;
 
     double perSecond() const { return seconds > 0 ? total / seconds : 0; }
     double cpuUsPerRequest() const { return total ? cpuSeconds * 1e6 / total : 0; }
+    double simulatorCpuUsPerRequest() const
+    {
+        return total ? simulatorCpuSeconds * 1e6 / total : 0;
+    }
+    // Percent of one core.
+    double coreShare() const { return seconds > 0 ? cpuSeconds * 100 / seconds : 0; }
+    double simulatorCoreShare() const
+    {
+        return seconds > 0 ? simulatorCpuSeconds * 100 / seconds : 0;
+    }
     double p50() const { return median(roundTripsUs); }
 };
 
@@ -76,6 +89,7 @@ Load runLoad(Requester& requester, int total, int window)
             sendNext();
     };
     const double cpu = processCpuSeconds();
+    const double simulatorCpu = requester.simulatorCpu();
     clock.start();
     while (sent < qMin(window, total))
         sendNext();
@@ -86,6 +100,7 @@ Load runLoad(Requester& requester, int total, int window)
     }
     load.seconds = double(clock.nsecsElapsed()) / 1e9;
     load.cpuSeconds = processCpuSeconds() - cpu;
+    load.simulatorCpuSeconds = requester.simulatorCpu() - simulatorCpu;
     requester.answered = nullptr;
     return load;
 }
@@ -181,6 +196,9 @@ int requestsRun(const Sizes& sizes)
     if (!library.start(1, devices({device}), 1))
         return 1;
     LibraryRequester lib;
+    // The raw client's simulator is the first started, the library's gateway the second.
+    raw.simulatorCpu = [&] { return launcher.cpuSeconds(0); };
+    lib.simulatorCpu = [&] { return launcher.cpuSeconds(1); };
 
     // Warm both paths up: first calls fill caches and grow buffers.
     runLoad(raw, 200, 10);
@@ -193,6 +211,11 @@ int requestsRun(const Sizes& sizes)
     const Load libFlight = runLoad(lib, sizes.inFlightTotal, sizes.window);
     printSample("cpu_per_request", rawFlight.cpuUsPerRequest(), libFlight.cpuUsPerRequest());
     printSample("requests_per_second", rawFlight.perSecond(), libFlight.perSecond());
+    printSample("client_core_share", rawFlight.coreShare(), libFlight.coreShare());
+    printSample("simulator_cpu_per_request", rawFlight.simulatorCpuUsPerRequest(),
+                libFlight.simulatorCpuUsPerRequest());
+    printSample("simulator_core_share", rawFlight.simulatorCoreShare(),
+                libFlight.simulatorCoreShare());
 
     const qint64 heap = heapBytes();
     const double cpu = processCpuSeconds();
@@ -276,6 +299,13 @@ int main(int argc, char** argv)
          "raw client", "µs", Goal::RatioAtMost, 2, 2},
         {"requests_per_second", withCount("requests/s, %1 in flight", sizes.window), "raw client",
          "/s", Goal::RatioAtLeast, 0.7, 0},
+        // What bounds the pace: a process that uses a whole core cannot go faster.
+        {"client_core_share", "client's share of a core, the same run", "raw client", "%",
+         Goal::None, 0, 0},
+        {"simulator_cpu_per_request", "simulator CPU per request answered, the same run",
+         "answering the raw client", "µs", Goal::None, 0, 2},
+        {"simulator_core_share", "simulator's share of a core, the same run",
+         "answering the raw client", "%", Goal::None, 0, 0},
         {"round_trip_outstanding",
          withCount("round trip p50 with %1 requests outstanding", sizes.outstanding),
          "none outstanding", "µs", Goal::RatioAtMost, 1.2, 1},

@@ -11,6 +11,8 @@
 namespace vms_kit {
 namespace {
 
+constexpr std::string_view Eol = spdlog::details::os::default_eol;
+
 char* put(char* out, const char* text, size_t size)
 {
     std::memcpy(out, text, size);
@@ -18,6 +20,15 @@ char* put(char* out, const char* text, size_t size)
 }
 
 } // namespace
+
+LineFormatter::LineFormatter()
+{
+    for (size_t level = 0; level < m_levels.size(); ++level) {
+        const spdlog::string_view_t name =
+            spdlog::level::to_string_view(spdlog::level::level_enum(level));
+        m_levels[level] = "] [" + std::string(name.data(), name.size()) + "] ";
+    }
+}
 
 void LineFormatter::format(const spdlog::details::log_msg& msg, spdlog::memory_buf_t& dest)
 {
@@ -29,26 +40,18 @@ void LineFormatter::format(const spdlog::details::log_msg& msg, spdlog::memory_b
         m_prefixSize = std::strftime(m_prefix, sizeof m_prefix, "[%Y-%m-%d %H:%M:%S.", &local);
         m_second = second;
     }
-    const auto millis = int((duration_cast<milliseconds>(sinceEpoch) - second).count());
-    const char fraction[] = {char('0' + millis / 100),
-                             char('0' + millis / 10 % 10),
-                             char('0' + millis % 10),
-                             ']',
-                             ' ',
-                             '['};
-    const spdlog::string_view_t level = spdlog::level::to_string_view(msg.level);
-    const size_t eolSize = std::strlen(spdlog::details::os::default_eol);
+    const auto millis = unsigned((duration_cast<milliseconds>(sinceEpoch) - second).count());
+    const std::string& level = m_levels[size_t(msg.level)];
     // One growth of the buffer for the whole line rather than one check per piece.
     const size_t start = dest.size();
-    dest.resize(start + m_prefixSize + sizeof fraction + level.size() + 2 + msg.payload.size() +
-                eolSize);
-    char* out = dest.data() + start;
-    out = put(out, m_prefix, m_prefixSize);
-    out = put(out, fraction, sizeof fraction);
-    out = put(out, level.data(), level.size());
-    out = put(out, "] ", 2);
+    dest.resize(start + m_prefixSize + 3 + level.size() + msg.payload.size() + Eol.size());
+    char* out = put(dest.data() + start, m_prefix, m_prefixSize);
+    out[0] = char('0' + millis / 100);
+    out[1] = char('0' + millis / 10 % 10);
+    out[2] = char('0' + millis % 10);
+    out = put(out + 3, level.data(), level.size());
     out = put(out, msg.payload.data(), msg.payload.size());
-    put(out, spdlog::details::os::default_eol, eolSize);
+    put(out, Eol.data(), Eol.size());
 }
 
 std::unique_ptr<spdlog::formatter> LineFormatter::clone() const

@@ -2,6 +2,7 @@
 // SPDX-FileCopyrightText: the vms_client_sdk developers
 #include "vms_kit/vms_kit.h"
 
+#include "vms_kit/file_sink.h"
 #include "vms_kit/line_formatter.h"
 
 #include <QDir>
@@ -9,7 +10,6 @@
 #include <QThread>
 
 #include <spdlog/cfg/env.h>
-#include <spdlog/sinks/basic_file_sink.h>
 #include <spdlog/spdlog.h>
 // Not self-contained: needs the declarations above.
 #include <spdlog/details/periodic_worker.h>
@@ -21,8 +21,9 @@
 namespace vms_kit {
 namespace {
 
-// The logger is held here rather than in spdlog's registry so that a release racing with a
-// log call on another thread can never hand that call a dangling logger.
+// The logger is held here rather than in spdlog's registry, and every call into it is made
+// under logMutex: a release racing with a log call on another thread can never hand that call
+// a dangling logger, and the sink needs no lock of its own.
 std::mutex logMutex;
 std::shared_ptr<spdlog::logger> logger;
 // Writes out, once a second, the lines that did not flush the file themselves. Lives from
@@ -32,16 +33,11 @@ std::shared_ptr<spdlog::logger> logger;
 std::mutex flusherMutex; // apart from logMutex, which the flusher takes when it flushes
 spdlog::details::periodic_worker* flusher = nullptr;
 
-std::shared_ptr<spdlog::logger> currentLogger()
-{
-    std::lock_guard lock(logMutex);
-    return logger;
-}
-
 void write(spdlog::level::level_enum level, std::string_view line)
 {
-    if (auto log = currentLogger())
-        log->log(level, spdlog::string_view_t(line.data(), line.size()));
+    std::lock_guard lock(logMutex);
+    if (logger)
+        logger->log(level, spdlog::string_view_t(line.data(), line.size()));
 }
 
 void write(spdlog::level::level_enum level, const QString& text, const QString& tag)
@@ -74,7 +70,7 @@ void init_vms_log(const QString& path, const QString& name)
     QDir().mkpath(QFileInfo(path).absolutePath());
     std::shared_ptr<spdlog::logger> fresh;
     try {
-        auto sink = std::make_shared<spdlog::sinks::basic_file_sink_mt>(path.toStdString());
+        auto sink = std::make_shared<FileSink>(path.toStdString());
         fresh = std::make_shared<spdlog::logger>(name.toStdString(), std::move(sink));
         fresh->set_formatter(std::make_unique<LineFormatter>());
         fresh->set_level(spdlog::level::trace);
@@ -113,8 +109,9 @@ void release_vms_log()
 
 void flush_vms_log()
 {
-    if (auto log = currentLogger())
-        log->flush();
+    std::lock_guard lock(logMutex);
+    if (logger)
+        logger->flush();
 }
 
 void log_info(const QString& text, const QString& tag)

@@ -6,6 +6,8 @@
 
 #include <google/protobuf/stubs/logging.h>
 
+#include <algorithm>
+
 namespace vms_sdk::log {
 namespace {
 
@@ -51,11 +53,18 @@ void trace(const QString& text)
 
 void trace(std::initializer_list<std::string_view> pieces)
 {
+    // Filled by copies into a buffer that only ever grows: an append per piece, or a resize
+    // per line, costs a check and a call each.
     thread_local std::string line;
-    line.assign(Tag);
+    size_t size = Tag.size();
     for (std::string_view piece : pieces)
-        line += piece;
-    vms_kit::log_line(vms_kit::LogLevel::Trace, line);
+        size += piece.size();
+    if (line.size() < size)
+        line.resize(size);
+    char* out = std::copy(Tag.begin(), Tag.end(), line.data());
+    for (std::string_view piece : pieces)
+        out = std::copy(piece.begin(), piece.end(), out);
+    vms_kit::log_line(vms_kit::LogLevel::Trace, std::string_view(line.data(), size));
 }
 
 void appendText(std::string& line, const QString& text)

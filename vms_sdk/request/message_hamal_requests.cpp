@@ -28,8 +28,9 @@ void MessageHamal::dispatch(const RequestRow& row, const QString& requestId,
     if (row.registered)
         m_requestMgr->addRequest(requestId, kind);
     m_send(row.type, payload, devId);
-    if (row.log)
-        log::trace(QString::fromLatin1(row.log));
+    // The row's words are plain ASCII, so they go to the log as they are.
+    if (!row.log.empty())
+        log::trace({row.log});
 }
 
 template<class Wire, class Condition>
