@@ -35,6 +35,9 @@ for name in "${selected[@]}"; do
     args=(--runs="$runs")
     # The Google Benchmark programs count repetitions instead of child runs.
     [[ $name == streams || $name == json ]] && args=(--benchmark_repetitions="$runs")
+    # Round by round, so that the library's and the raw reader's i-th runs, whose ratio counts,
+    # share the machine's mood of the moment.
+    [[ $name == streams ]] && args+=(--benchmark_enable_random_interleaving=true)
     if ! "$build/bench/vms_bench_$name" "${args[@]}" >"$logs/$name.txt" 2>&1; then
         echo "vms_bench_$name failed; see $logs/$name.txt" >&2
         failed=1
