@@ -2,8 +2,8 @@
 # SPDX-FileCopyrightText: the vms_client_sdk developers
 
 # Installs the build into a fresh prefix, builds the reference viewer from the sources installed
-# with the documentation against it like any application, and runs it under a virtual X server against the package's simulator with four
-# live H.264 views: it writes a screenshot once every view shows pictures and presses its own
+# with the documentation against it like any application, and runs it under a virtual X server
+# against the package's simulator with four live H.264 views: it writes a screenshot once every view shows pictures and presses its own
 # PTZ and playback controls. The screenshot's views must hold real pictures (not black, not
 # flat, not alike) and the simulator's log must show that the controls reached it.
 file(REMOVE_RECURSE ${WORK_DIR})
