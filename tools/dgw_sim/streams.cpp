@@ -3,6 +3,7 @@
 #include "streams.h"
 
 #include "device_model.h"
+#include "domains/device_time.h"
 #include "domains/handler.h"
 #include "serve_frames.h"
 #include "sim_log.h"
@@ -13,7 +14,6 @@
 
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QRegularExpression>
 #include <QTimer>
 
 #include <functional>
@@ -29,20 +29,6 @@ constexpr qint32 EventPlaybackFinished = 3;
 enum Ctrl : qint32 { Pause = 0, Resume = 1, StepForward = 2, StepBackward = 3 };
 
 const QString streamTimeFormat = QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz");
-
-// The begin time in a recording's file name (chNN_<begin>_<end>.mp4, times yyyyMMddhhmmss, as
-// the recording search names them); invalid when the name has none. Device times carry no zone
-// and are kept as UTC, so that they read back as they were written.
-QDateTime recordingStartOf(const QString& fileName)
-{
-    static const QRegularExpression pattern(QStringLiteral("_(\\d{14})_\\d{14}\\."));
-    const QRegularExpressionMatch match = pattern.match(fileName);
-    if (!match.hasMatch())
-        return {};
-    QDateTime start = QDateTime::fromString(match.captured(1), QStringLiteral("yyyyMMddhhmmss"));
-    start.setTimeSpec(Qt::UTC);
-    return start;
-}
 
 // A paced stream that falls further behind than this stops queueing frames for a client that
 // does not read, as a camera drops frames on a congested link.
@@ -120,7 +106,7 @@ struct StreamRequests
                        .arg(text(request.file_name()))
                        .arg(request.attr_3())
                        .arg(request.attr_4()));
-        stream.m_playback.recordingStart = recordingStartOf(text(request.file_name()));
+        stream.m_playback.recordingStart = recordingFileBegin(text(request.file_name()));
         stream.begin(StreamConnection::Kind::File, text(request.channel_id().dev_id()),
                      request.channel_id().channel_index());
     }

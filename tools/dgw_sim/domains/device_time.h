@@ -5,6 +5,7 @@
 #include "../outcome.h"
 
 #include <QDateTime>
+#include <QRegularExpression>
 #include <QString>
 
 #include <string>
@@ -28,6 +29,30 @@ inline bool parseDeviceTime(const std::string& text, qint64* seconds)
 inline QString deviceTimeText(qint64 seconds, const QString& format = deviceTimeFormat)
 {
     return QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC).toString(format);
+}
+
+// A recording file's name tells its channel and its begin and end times:
+// chNN_<begin>_<end>.mp4, times yyyyMMddhhmmss.
+inline const QString recordingFileTimeFormat = QStringLiteral("yyyyMMddhhmmss");
+
+inline QString recordingFileName(int channelIndex, qint64 begin, qint64 end)
+{
+    return QStringLiteral("ch%1_%2_%3.mp4")
+        .arg(channelIndex, 2, 10, QLatin1Char('0'))
+        .arg(deviceTimeText(begin, recordingFileTimeFormat),
+             deviceTimeText(end, recordingFileTimeFormat));
+}
+
+// The begin time in a name recordingFileName() wrote; invalid when the name has none.
+inline QDateTime recordingFileBegin(const QString& fileName)
+{
+    static const QRegularExpression pattern(QStringLiteral("_(\\d{14})_\\d{14}\\."));
+    const QRegularExpressionMatch match = pattern.match(fileName);
+    if (!match.hasMatch())
+        return {};
+    QDateTime begin = QDateTime::fromString(match.captured(1), recordingFileTimeFormat);
+    begin.setTimeSpec(Qt::UTC);
+    return begin;
 }
 
 // The first multiple of `step` at or before `seconds`.

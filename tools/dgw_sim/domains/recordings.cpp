@@ -40,10 +40,7 @@ void searchRecordings(Session& session, const QByteArray& payload)
             file->set_begin_time(utf8(deviceTimeText(start)));
             file->set_end_time(utf8(deviceTimeText(start + length)));
             file->set_file_name(
-                utf8(QStringLiteral("ch%1_%2_%3.mp4")
-                         .arg(call.channel->index, 2, 10, QLatin1Char('0'))
-                         .arg(deviceTimeText(start, QStringLiteral("yyyyMMddhhmmss")),
-                              deviceTimeText(start + length, QStringLiteral("yyyyMMddhhmmss")))));
+                utf8(recordingFileName(call.channel->index, start, start + length)));
             file->set_attr_4(call.request.attr_3());
             file->set_attr_5(call.request.attr_4());
         }
