@@ -331,15 +331,17 @@ TEST_F(DomainState, RecordingsCoverTheAskedRangeInWholeFiles)
         const char* firstBegin;
         const char* lastEnd;
         bool finished;
+        // Playback by file finds the begin time in it.
+        const char* firstFile = "";
     };
     // The camera records into files of 30 minutes.
     const Row rows[] = {
         {"inside two files", "2024-03-01 08:10:00", "2024-03-01 09:00:00", 2, "2024-03-01 08:00:00",
-         "2024-03-01 09:00:00", true},
+         "2024-03-01 09:00:00", true, "ch01_20240301080000_20240301083000.mp4"},
         {"one second", "2024-03-01 08:00:00", "2024-03-01 08:00:01", 1, "2024-03-01 08:00:00",
          "2024-03-01 08:30:00", true},
         {"across midnight", "2024-03-01 23:50:00", "2024-03-02 00:40:00", 3, "2024-03-01 23:30:00",
-         "2024-03-02 01:00:00", true},
+         "2024-03-02 01:00:00", true, "ch01_20240301233000_20240302000000.mp4"},
         {"end before begin", "2024-03-01 09:00:00", "2024-03-01 08:00:00", 0, "", "", true},
         {"time that does not parse", "yesterday", "2024-03-01 09:00:00", -1, "", "", true},
         {"more than one answer holds", "2024-01-01 00:00:00", "2024-03-01 00:00:00", 2000,
@@ -364,6 +366,9 @@ TEST_F(DomainState, RecordingsCoverTheAskedRangeInWholeFiles)
             continue;
         EXPECT_EQ(answer.recordings(0).begin_time(), row.firstBegin);
         EXPECT_EQ(answer.recordings(row.count - 1).end_time(), row.lastEnd);
+        if (*row.firstFile) {
+            EXPECT_EQ(answer.recordings(0).file_name(), row.firstFile);
+        }
         for (int i = 1; i < row.count; ++i)
             ASSERT_EQ(answer.recordings(i).begin_time(), answer.recordings(i - 1).end_time());
     }
